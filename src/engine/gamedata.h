@@ -1,0 +1,56 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "base/side.h"
+#include "engine/chart.h"
+#include "records/park.h"
+#include "records/rules.h"
+#include "records/team.h"
+
+namespace tarvane {
+
+// The charts of one roster entry in the engine's form.
+struct BatterCharts {
+    Chart vsL{}, vsR{};
+};
+struct PitcherCharts {
+    Chart pitch{}, Bat{};
+    bool HasOutCells = false;  // at least one red or blue cell on his pitching chart
+};
+
+// One team of a game: its roster as loaded and the charts compiled from it, index for index.
+struct TeamData {
+    TeamRoster roster;
+    std::vector<BatterCharts> batterCharts;
+    std::vector<PitcherCharts> pitcherCharts;
+
+    // Where a record stands in the roster; -1 if it isn't there.
+    int BatterIndex(std::int32_t playerID) const;
+    int PitcherIndex(std::int32_t playerID) const;
+};
+
+// Everything that doesn't change during a game.
+struct GameData {
+    PerSide<TeamData> team;
+    LeagueRules rules;
+    Ballpark park;
+    YearEffects year;
+    DefensiveEra defensiveEra;
+    GameCharts charts;           // as stored, for screens
+    CompiledGameCharts compiled;
+    Chart parkChart{}, yearChart{};
+    bool DHUsed = false;
+    std::int16_t dayNumber = 0;  // day of the year of the game's date
+    std::string gameDate;        // as the tables hold it
+
+    const TeamData& operator[](Side side) const { return team[side]; }
+};
+
+// Fills every compiled member from the stored ones; call once after loading. Under defensive eras a pitcher's cells for
+// rolls 10 to 15 come from the era at the table, not from his chart.
+void CompileGameData(GameData& data);
+
+}  // namespace tarvane
