@@ -1,0 +1,58 @@
+#include "commands.h"
+
+#include <fmt/format.h>
+
+#include <chrono>
+#include <cstdio>
+
+namespace tarvane::replay {
+
+namespace {
+
+constexpr OptionSpec kSeed{"--seed", "N", "start the dice at N, so that the run can be repeated to the byte"};
+
+}  // namespace
+
+const std::vector<Command>& Commands() {
+    static const std::vector<Command> commands{
+        {"new-season", "NAME", 1, "make a season from real statistics",
+         "PATH is a folder of Lahman CSV files or a Lahman database (.mdb). Without --team every team of the years is\n"
+         "imported. When two chosen teams have the same code, the later ones get the code and two digits of the year.",
+         {{"--source", "PATH", "the statistics", true},
+          {"--year", "Y", "a season to import; may stand more than once", true, true},
+          {"--team", "Y:CODE", "only this team of that year; may stand more than once", false, true},
+          {"--min-ip", "N", "leave out pitchers with at most N innings"},
+          {"--min-ab", "N", "leave out batters with at most N at bats"},
+          {"--include-year", "", "put the year in front of the teams' names"},
+          {"--free-agents", "", "make all players free agents"},
+          {"--no-align", "", "one league instead of the original leagues and divisions"},
+          {"--no-colors", "", "black and white instead of the teams' colours"},
+          {"--pa-factor", "F", "share of plate appearances to use as at bats, between 0 and 1"},
+          {"--retro", "", "real left/right splits from the workbook in the data folder, where it has them"},
+          {"--overwrite", "", "replace a season of this name"},
+          kSeed},
+         NewSeason},
+        {"seasons", "", 0, "list the seasons", "", {}, Seasons},
+        {"play", "NAME", 1, "play one game and print its line score and box score", "",
+         {{"--visitor", "CODE", "the visiting team", true}, {"--home", "CODE", "the home team", true}, kSeed}, PlayGame},
+        {"chart", "NAME", 1, "show a player's charts and ratings and where each number comes from", "",
+         {{"--player", "\"First Last\"", "the player", true}, {"--team", "CODE", "his team, when the name isn't enough"}},
+         ShowChart},
+        {"sample-league", "FOLDER", 1, "write a fictional league in the layout of the Lahman CSV files",
+         "For people without the real statistics: import the folder with new-season --year 1975.", {kSeed}, SampleLeague},
+        {"bench", "", 0, "play a fixed set of games and print their signature and the speed",
+         "The signature is one hash over all box scores: it changes exactly when the game's behaviour does.",
+         {{"--games", "N", "how many games; the signature that the tests hold is that of the default"}}, Bench},
+    };
+    return commands;
+}
+
+std::uint64_t SeedOf(const Options& options) {
+    if (const auto seed = options.Seed()) return *seed;
+    const auto now = std::chrono::system_clock::now().time_since_epoch().count();
+    const auto seed = static_cast<std::uint64_t>(now) % 1000000007ULL;
+    fmt::print(stderr, "seed: {}\n", seed);
+    return seed;
+}
+
+}  // namespace tarvane::replay
