@@ -1,5 +1,6 @@
 #pragma once
 
+#include <concepts>
 #include <cstdint>
 #include <filesystem>
 #include <memory>
@@ -9,13 +10,35 @@
 #include <variant>
 #include <vector>
 
+#include "base/error.h"
+
 namespace tarvane {
 
 // A value of a column: Null, whole number, double or text (UTF-8). Booleans are the whole numbers -1 and 0.
 using Value = std::variant<std::monostate, std::int64_t, double, std::string>;
 
-// A fault of the store: which file, which statement, what the engine said. Number 3078 is "no such table".
-class DatabaseError;
+// A fault of the store, told so that it can be shown: which file, which statement or field, what is wrong.
+class DatabaseError : public UserError {
+  public:
+    // What callers tell apart; anything else carries the engine's own number.
+    enum : int {
+        kOverflow = 6,
+        kNoCurrentRecord = 3021,
+        kFileMissing = 3024,
+        kNotUpdating = 3020,
+        kNoSuchTable = 3078,
+        kDeleted = 3167,
+        kNoSuchField = 3265,
+        kNotADatabase = 3343,
+        kClosed = 3420,
+        kDataType = 3421,
+    };
+    DatabaseError(int number, const std::string& message) : UserError(message), number_(number) {}
+    int Number() const { return number_; }
+
+  private:
+    int number_;
+};
 
 class Recordset;
 
@@ -50,14 +73,15 @@ class Database {
   public:
     enum class Mode { Open, Create };
 
-    // Throws DatabaseError if the file is missing (Mode::Open), can't be opened, or isn't a database of ours; the
-    // message names the file and what to do.
+    // Throws DatabaseError if the file is missing (Mode::Open) or there already (Mode::Create), can't be opened, or
+    // isn't a database of ours; the message names the file and what to do.
     explicit Database(const std::filesystem::path& path, Mode mode = Mode::Open);
     Database(Database&&) noexcept;
     Database& operator=(Database&&) noexcept;
     ~Database();
 
-    // Writes the side file back and closes, so that the file alone may be copied or deleted.
+    // Writes the side file back and closes, so that the file alone may be copied or deleted. Statements and recordsets
+    // that are still about throw DatabaseError when they are used.
     void Close();
     bool IsOpen() const;
     const std::filesystem::path& Path() const;
@@ -74,8 +98,8 @@ class Database {
 
     // Rows of a query as an updatable set. table names the table that Edit, AddNew and Delete act on; where is a
     // condition with ? for parameters, empty for all rows; order is an ORDER BY list or empty for stored order.
-    Recordset OpenRecordset(std::string_view table, std::string_view where = {}, const std::vector<Value>& parameters = {},
-                            std::string_view order = {});
+    Recordset OpenRecordset(std::string_view table, std::string_view where = {},
+                            const std::vector<Value>& parameters = {}, std::string_view order = {});
 
     std::int64_t LastInsertId() const;
 
@@ -89,7 +113,8 @@ class Database {
     std::unique_ptr<Impl> impl_;
 };
 
-// What is written between its making and Commit is written together or not at all. They nest: only the outermost counts.
+// What is written between its making and Commit is written together or not at all. They nest: only the outermost
+// counts.
 class Transaction {
   public:
     explicit Transaction(Database& database);
@@ -104,7 +129,8 @@ class Transaction {
 };
 
 // The rows of one table that met a condition when it was opened, with the verbs of the domain. The set of rows is fixed
-// at opening; values are read when the row becomes current.
+// at opening (rows added through it come at the end); values are read when the row becomes current. After Delete there
+// is no current row until the next move.
 class Recordset {
   public:
     Recordset(Recordset&&) noexcept;
@@ -129,9 +155,12 @@ class Recordset {
 
     void Edit();
     void AddNew();
-    // Stored as the declared type of the column demands: BYTE, INTEGER (16 bit) and LONG round a half to the even number,
-    // TEXT(n) is cut to n characters, BOOLEAN is -1 or 0. A number outside the type is a DatabaseError.
+    // Stored as the declared type of the column demands: BYTE, INTEGER (16 bit) and LONG round a half to the even
+    // number, TEXT(n) is cut to n characters, BOOLEAN is -1 or 0, DATE is a text yyyy-mm-dd. A number outside the type
+    // is a DatabaseError. Null fits every type.
     void Set(std::string_view field, const Value& value);
+    template <std::same_as<char> T>
+    void Set(std::string_view field, T letter) = delete;  // would store the letter's number: use std::string(1, letter)
     void SetBool(std::string_view field, bool value);
     void Update();  // ends Edit or AddNew; without it a change is lost
     void Delete();
