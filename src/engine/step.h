@@ -32,7 +32,8 @@ void ArriveAtPitcherSheet(Step& step);
 
 // --- boxscore.cpp, decisions.cpp: what a play writes into the lines ---
 
-// Takes the play into the lines of both teams and zeroes its counters.
+// Takes the play into the lines of both teams and zeroes its counters. ErrorBy is charged here on E, on a sacrifice
+// with SHE, on SB and on CSE; only the error of a manager decision is booked by BookDecisionError.
 void UpdateBoxScore(Step& step);
 // Wins, losses and saves after runs have scored; runs is the number on this play.
 void UpdateDecisions(Step& step, int runs);
@@ -49,12 +50,16 @@ BatterLine* FindBatterLine(TeamState& team, int slot);
 FielderLine* FindFielderLine(TeamState& team, Position position);
 PitchingLine& CurrentPitchingLine(TeamState& team);
 
-// --- lineup.cpp: who plays ---
+// --- lineup.cpp, lineupcheck.cpp, lineupchange.cpp: who plays ---
 
-// Lines for the first pitch, from the line-ups in the state.
+// Lines for the first pitch, from slots' players and positions and the pitchers in the state; marks the men as used and
+// enters both pitchers. The slots' details are RebuildLineupDetails' business, in either order.
 void SetupBoxScore(const GameData& data, GameState& state);
+// Throws, fatigue ratings (a park moves them under its rule) and a fresh state for the pitcher who has just come in;
+// his stamina check becomes due if his side is in the field.
+void EnterPitcher(const GameData& data, GameState& state, Side side);
 // Puts a new line-up of one side into the game: lines closed and opened, the leaving starter's win, the entering
-// pitcher's save flag and stamina, details rebuilt.
+// pitcher's save flag and stamina, details rebuilt. What the state awaits is the caller's to set anew.
 void ChangeLineup(Step& step, const LineupInput& lineup);
 Reject CheckLineupChange(const GameData& data, const GameState& state, const LineupInput& lineup);
 // The nine positions of the side that takes the field stand once each and a pitcher is in the game; if not, the state

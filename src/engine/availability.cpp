@@ -1,0 +1,134 @@
+#include "engine/availability.h"
+
+#include <algorithm>
+
+namespace tarvane {
+
+namespace {
+
+struct RecordKey {
+    const std::string& lahmanID;
+    const std::string& name;
+};
+
+RecordKey KeyOf(const TeamRoster& roster, PlayerRef player) {
+    const auto index = static_cast<std::size_t>(player.index);
+    if (player.type == 'P') return {roster.pitchers[index].LahmanPlayerID, roster.pitchers[index].playerName};
+    return {roster.batters[index].LahmanPlayerID, roster.batters[index].playerName};
+}
+
+int RecordCount(const TeamRoster& roster, char type) {
+    return static_cast<int>(type == 'P' ? roster.pitchers.size() : roster.batters.size());
+}
+
+bool RecordUsed(const TeamState& team, PlayerRef player) {
+    const auto& mask = player.type == 'P' ? team.pitchersUsedMask : team.battersUsed;
+    const auto index = static_cast<std::size_t>(player.index);
+    return (mask[index / 64] >> (index % 64) & 1U) != 0;
+}
+
+bool ManUsed(const GameData& data, const TeamState& team, Side side, PlayerRef player) {
+    const TeamData& roster = data[side];
+    for (const char type : {'B', 'P'}) {
+        const int count = std::min(RecordCount(roster.roster, type), kMaxRosterRecords);
+        for (int i = 0; i < count; ++i) {
+            const PlayerRef other{type, static_cast<std::int16_t>(i)};
+            if (RecordUsed(team, other) && SameMan(roster, player, other)) return true;
+        }
+    }
+    return false;
+}
+
+bool HasPitched(const GameData& data, const TeamState& team, Side side, PlayerRef player) {
+    const auto end = team.box.pitching.begin() + team.box.PitchersUsed;
+    return std::any_of(team.box.pitching.begin(), end,
+                       [&](const PitchingLine& line) { return SameMan(data[side], line.player, player); });
+}
+
+// Everything that can keep a man from the mound but his rest.
+Reject CheckRestedPitcher(const GameData& data, const GameState& state, Side side, PlayerRef player) {
+    const TeamState& team = state[side];
+    if (player.type != 'P') return Reject::CannotPitch;
+    if (!KnownPlayer(data[side], player)) return Reject::UnknownPlayer;
+    if (team.box.PitchersUsed >= kMaxPitchingLines) return Reject::TooManyPitchers;
+    if (HasPitched(data, team, side, player)) return Reject::AlreadyOut;
+    return InGame(data, state, side, player) ? Reject::None : CheckEntering(data, state, side, player);
+}
+
+bool AnyPitcher(const GameData& data, const GameState& state, Side side, bool restedOnly) {
+    const auto& pitchers = data[side].roster.pitchers;
+    for (std::size_t i = 0; i < pitchers.size() && i < kMaxRosterRecords; ++i) {
+        if (restedOnly && IsResting(pitchers[i], data.dayNumber)) continue;
+        const PlayerRef player{'P', static_cast<std::int16_t>(i)};
+        if (CheckRestedPitcher(data, state, side, player) == Reject::None) return true;
+    }
+    return false;
+}
+
+}  // namespace
+
+bool KnownPlayer(const TeamData& team, PlayerRef player) {
+    if (player.type != 'B' && player.type != 'P') return false;
+    return player.index >= 0 && player.index < std::min(RecordCount(team.roster, player.type), kMaxRosterRecords);
+}
+
+const std::string& PlayerName(const TeamData& team, PlayerRef player) {
+    static const std::string nobody;
+    return KnownPlayer(team, player) ? KeyOf(team.roster, player).name : nobody;
+}
+
+bool SameMan(const TeamData& team, PlayerRef a, PlayerRef b) {
+    if (!KnownPlayer(team, a) || !KnownPlayer(team, b)) return false;
+    if (a == b) return true;
+    const RecordKey first = KeyOf(team.roster, a);
+    const RecordKey second = KeyOf(team.roster, b);
+    if (!first.lahmanID.empty() && !second.lahmanID.empty()) return first.lahmanID == second.lahmanID;
+    return !first.name.empty() && first.name == second.name;
+}
+
+bool IsResting(const Pitcher& pitcher, int dayNumber) {
+    return pitcher.PitcherRestDays > 0 && pitcher.PitchedOnDay + pitcher.PitcherRestDays >= dayNumber;
+}
+
+bool InGame(const GameData& data, const GameState& state, Side side, PlayerRef player) {
+    const TeamState& team = state[side];
+    const TeamData& roster = data[side];
+    if (data.DHUsed && SameMan(roster, team.pitcher, player)) return true;
+    return std::any_of(team.lineup.begin(), team.lineup.end(),
+                       [&](const LineupSlot& slot) { return SameMan(roster, slot.player, player); });
+}
+
+bool IsOutOfGame(const GameData& data, const GameState& state, Side side, PlayerRef player) {
+    return !InGame(data, state, side, player) && ManUsed(data, state[side], side, player);
+}
+
+Reject CheckEntering(const GameData& data, const GameState& state, Side side, PlayerRef player) {
+    if (!KnownPlayer(data[side], player)) return Reject::UnknownPlayer;
+    if (IsOutOfGame(data, state, side, player)) return Reject::AlreadyOut;
+    const auto check = [](const auto& record) {
+        if (record.injury.InjuredDaysRemaining > 0) return Reject::Injured;
+        return record.Inactive || record.NoLongerWithTeam ? Reject::Inactive : Reject::None;
+    };
+    const auto index = static_cast<std::size_t>(player.index);
+    return player.type == 'P' ? check(data[side].roster.pitchers[index]) : check(data[side].roster.batters[index]);
+}
+
+Reject CheckEnteringPitcher(const GameData& data, const GameState& state, Side side, PlayerRef player) {
+    if (const Reject reject = CheckRestedPitcher(data, state, side, player); reject != Reject::None) return reject;
+    const Pitcher& pitcher = data[side].roster.pitchers[static_cast<std::size_t>(player.index)];
+    const bool resting = IsResting(pitcher, data.dayNumber);
+    return resting && AnyPitcher(data, state, side, true) ? Reject::Resting : Reject::None;
+}
+
+bool PitcherLeft(const GameData& data, const GameState& state, Side side) {
+    return AnyPitcher(data, state, side, false);
+}
+
+void MarkUsed(TeamState& team, PlayerRef player) {
+    if (player.index < 0 || player.index >= kMaxRosterRecords) return;
+    auto& mask = player.type == 'P' ? team.pitchersUsedMask : team.battersUsed;
+    const auto index = static_cast<std::size_t>(player.index);
+    mask[index / 64] |= std::uint64_t{1} << (index % 64);
+}
+
+}  // namespace tarvane
