@@ -58,7 +58,6 @@ Booking Strikeout() {
     booking.batting = &BattingCounts::SO;
     booking.pitching = &PitchingLine::SO;
     return booking;
-};
 }
 
 Booking DoublePlayBall() {
