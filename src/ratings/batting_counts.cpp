@@ -22,6 +22,10 @@ int HitsOtherThanSingles(const SplitLine& line) {
     return line.Doubles + line.Triples + line.HR;
 }
 
+double RestOf(const BattingShares& s) {
+    return 1 - (s.p2B + s.p1B + s.p3B + s.pHR + s.pBB + s.pSO + s.pHBP);
+}
+
 BattingShares SharesOf(const SplitLine& line, double hitFactor, double nonIntentional, const LeagueBaseline& league) {
     const double AB = line.AB;
     BattingShares s;
@@ -32,7 +36,7 @@ BattingShares SharesOf(const SplitLine& line, double hitFactor, double nonIntent
     s.pBB = line.BB * nonIntentional / AB * league.PAFactor - league.BBAvg;
     s.pSO = line.SO / AB * league.PAFactor;
     s.pHBP = line.HBP / AB * league.PAFactor - league.HBPRate;
-    s.pOut = 1 - (s.p2B + s.p1B + s.p3B + s.pHR + s.pBB + s.pSO + s.pHBP);
+    s.pOut = RestOf(s);
     return s;
 }
 
@@ -118,8 +122,8 @@ PitcherBattingCounts PitcherBattingCountsOf(const LahmanBattingRow& line, const 
     d.sampleLimit = kLeftSampleLimit;
     d.shares = SharesOf(d.line, league.PAFactor, 1.0, league);
     if (!line.HBP) {
-        d.shares.pOut += d.shares.pHBP;  // not recorded in his day: nothing above or below the league
-        d.shares.pHBP = 0;
+        d.shares.pHBP = 0;  // not recorded in his day: nothing above or below the league
+        d.shares.pOut = RestOf(d.shares);
     }
     d.full = CountsOf(d.shares);
     d.counts = d.full;
