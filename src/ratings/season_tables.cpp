@@ -1,0 +1,245 @@
+#include "ratings/season_tables.h"
+
+#include <fmt/format.h>
+
+#include <array>
+#include <optional>
+
+namespace tarvane {
+
+namespace {
+
+// Reads the columns of a row one after the other.
+class RowReader {
+  public:
+    explicit RowReader(const Statement& statement, int first = 0) : statement_(statement), next_(first) {}
+    int Int() { return static_cast<int>(statement_.Int(next_++)); }
+    double Double() { return statement_.Double(next_++); }
+    std::string Text() { return statement_.Text(next_++); }
+    std::optional<int> Count() {
+        if (statement_.IsNull(next_)) {
+            ++next_;
+            return std::nullopt;
+        }
+        return Int();
+    }
+
+  private:
+    const Statement& statement_;
+    int next_;
+};
+
+constexpr std::string_view kSplitColumns = "AB H 2B 3B HR RBI BB SO HBP SH SF GIDP";
+
+// "vsLeftAB", "vsLeftH", ... in the order of a split line.
+std::string SplitColumnList(std::string_view prefix) {
+    std::string list;
+    std::string_view names = kSplitColumns;
+    while (!names.empty()) {
+        const std::string_view name = names.substr(0, names.find(' '));
+        names.remove_prefix(std::min(names.size(), name.size() + 1));
+        list += fmt::format(", \"{}{}\"", prefix, name);
+    }
+    return list;
+}
+
+SplitLine ReadSplitLine(RowReader& row) {
+    SplitLine line;
+    for (int SplitLine::*column :
+         {&SplitLine::AB, &SplitLine::H, &SplitLine::Doubles, &SplitLine::Triples, &SplitLine::HR, &SplitLine::RBI,
+          &SplitLine::BB, &SplitLine::SO, &SplitLine::HBP, &SplitLine::SH, &SplitLine::SF, &SplitLine::GIDP}) {
+        line.*column = row.Int();
+    }
+    return line;
+}
+
+constexpr std::string_view kKeyColumns = "rowid, playerID, lgID, teamID, KorvTeamID, yearID, stint";
+
+template <class Row>
+void ReadKeys(RowReader& reader, Row& row) {
+    row.playerID = reader.Text();
+    row.lgID = reader.Text();
+    row.teamID = reader.Text();
+    row.KorvTeamID = reader.Text();
+    row.yearID = reader.Int();
+    row.stint = reader.Int();
+}
+
+constexpr std::string_view TableName(PlayerTable table) {
+    return table == PlayerTable::Batters ? "KorvBatters" : "KorvPitchers";
+}
+
+std::string PlayerQuery(PlayerTable table) {
+    return fmt::format("SELECT rowid, playerID, LahmanPlayerID, teamID, playerName, lgIdx, bats, runRating{} FROM {}",
+                       table == PlayerTable::Pitchers ? ", throws" : "", TableName(table));
+}
+
+PlayerRow ReadPlayerRow(const Statement& statement, PlayerTable table) {
+    PlayerRow row;
+    row.rowid = statement.Int(0);
+    RowReader reader(statement, 1);
+    row.playerID = reader.Int();
+    row.LahmanPlayerID = reader.Text();
+    row.teamID = reader.Text();
+    row.playerName = reader.Text();
+    row.lgIdx = reader.Int();
+    row.bats = reader.Int();
+    row.runRating = reader.Int();
+    if (table == PlayerTable::Pitchers) row.throws_ = reader.Int();
+    return row;
+}
+
+// Column prefix and place of each position's rates.
+struct PositionColumns {
+    std::string_view prefix;
+    PositionBaseline LeagueBaseline::*rates;
+};
+constexpr std::array<PositionColumns, 7> kPositionColumns{{{"P", &LeagueBaseline::P},
+                                                           {"C", &LeagueBaseline::C},
+                                                           {"1B", &LeagueBaseline::B1},
+                                                           {"2B", &LeagueBaseline::B2},
+                                                           {"3B", &LeagueBaseline::B3},
+                                                           {"SS", &LeagueBaseline::SS},
+                                                           {"OF", &LeagueBaseline::OF}}};
+
+std::string EraQuery() {
+    std::string query =
+        "SELECT EraId, PAFactor, CPctPOSO, BBAvg, SOAvg, HBPRate, RBIAvg, AvgSOBFP, AvgBBBFP, AvgHBFP, AvgHRBFP, "
+        "AvgSPIPOutsGame, AvgRPIPOutsGame, AvgSPBFGame, AvgRPBFGame";
+    for (const PositionColumns& p : kPositionColumns) {
+        query += fmt::format(", \"{0}ErrorsRate\", \"{0}PORate\", \"{0}ARate\", \"{0}DPRate\"", p.prefix);
+    }
+    return query + " FROM KorvYears WHERE EraId = ?";
+}
+
+}  // namespace
+
+std::vector<PlayerRow> ReadPlayers(Database& season, PlayerTable table) {
+    std::vector<PlayerRow> rows;
+    Statement query = season.Prepare(PlayerQuery(table) + " ORDER BY rowid");
+    while (query.Step()) rows.push_back(ReadPlayerRow(query, table));
+    return rows;
+}
+
+std::vector<PlayerRow> ReadPlayer(Database& season, PlayerTable table, std::int32_t playerID,
+                                  const std::string& teamID) {
+    std::vector<PlayerRow> rows;
+    Statement query = season.Prepare(PlayerQuery(table) + " WHERE playerID = ? AND teamID = ? ORDER BY rowid");
+    query.Bind(1, std::int64_t{playerID});
+    query.Bind(2, teamID);
+    while (query.Step()) rows.push_back(ReadPlayerRow(query, table));
+    return rows;
+}
+
+StatisticsTable<LahmanBattingRow> ReadLahmanBatting(Database& season) {
+    StatisticsTable<LahmanBattingRow> table;
+    Statement query =
+        season.Prepare(fmt::format("SELECT {}, G, AB, R, H, \"2B\", \"3B\", HR, RBI, SB, BB, CS, SO, IBB, HBP, SH, SF, "
+                                   "GIDP{}{} FROM LahmanBatting "
+                                   "ORDER BY rowid",
+                                   kKeyColumns, SplitColumnList("vsLeft"), SplitColumnList("vsRight")));
+    using Row = LahmanBattingRow;
+    while (query.Step()) {
+        Row row;
+        RowReader reader(query, 1);
+        ReadKeys(reader, row);
+        for (int Row::*column : {&Row::G, &Row::AB, &Row::R, &Row::H, &Row::Doubles, &Row::Triples, &Row::HR, &Row::RBI,
+                                 &Row::SB, &Row::BB}) {
+            row.*column = reader.Int();
+        }
+        for (std::optional<int> Row::*column :
+             {&Row::CS, &Row::SO, &Row::IBB, &Row::HBP, &Row::SH, &Row::SF, &Row::GIDP}) {
+            row.*column = reader.Count();
+        }
+        row.vsLeft = ReadSplitLine(reader);
+        row.vsRight = ReadSplitLine(reader);
+        table.Add(query.Int(0), std::move(row));
+    }
+    return table;
+}
+
+StatisticsTable<LahmanPitchingRow> ReadLahmanPitching(Database& season) {
+    StatisticsTable<LahmanPitchingRow> table;
+    Statement query = season.Prepare(fmt::format(
+        "SELECT {}, W, L, G, GS, CG, SHO, SV, IPouts, H, ER, HR, BB, SO, IBB, WP, HBP, BK, GF, BFP, R, ERA, "
+        "OppAB FROM LahmanPitching ORDER BY rowid",
+        kKeyColumns));
+    using Row = LahmanPitchingRow;
+    while (query.Step()) {
+        Row row;
+        RowReader reader(query, 1);
+        ReadKeys(reader, row);
+        for (int Row::*column : {&Row::W, &Row::L, &Row::G, &Row::GS, &Row::CG, &Row::SHO, &Row::SV, &Row::IPouts,
+                                 &Row::H, &Row::ER, &Row::HR, &Row::BB, &Row::SO}) {
+            row.*column = reader.Int();
+        }
+        for (std::optional<int> Row::*column :
+             {&Row::IBB, &Row::WP, &Row::HBP, &Row::BK, &Row::GF, &Row::BFP, &Row::R}) {
+            row.*column = reader.Count();
+        }
+        row.ERA = reader.Double();
+        row.OppAB = reader.Double();
+        table.Add(query.Int(0), std::move(row));
+    }
+    return table;
+}
+
+StatisticsTable<LahmanFieldingRow> ReadLahmanFielding(Database& season) {
+    StatisticsTable<LahmanFieldingRow> table;
+    Statement query = season.Prepare(
+        fmt::format("SELECT {}, Pos, G, PO, A, E, DP, PB FROM LahmanFielding ORDER BY rowid", kKeyColumns));
+    using Row = LahmanFieldingRow;
+    while (query.Step()) {
+        Row row;
+        RowReader reader(query, 1);
+        ReadKeys(reader, row);
+        row.Pos = reader.Text();
+        for (double Row::*column : {&Row::G, &Row::PO, &Row::A, &Row::E, &Row::DP, &Row::PB})
+            row.*column = reader.Double();
+        table.Add(query.Int(0), std::move(row));
+    }
+    return table;
+}
+
+bool ReadEraBaseline(Database& common, std::int32_t eraID, LeagueBaseline& baseline) {
+    Statement query = common.Prepare(EraQuery());
+    query.Bind(1, std::int64_t{eraID});
+    if (!query.Step()) return false;
+    RowReader row(query);
+    baseline.EraID = row.Int();
+    for (double LeagueBaseline::*column :
+         {&LeagueBaseline::PAFactor, &LeagueBaseline::CPctPOSO, &LeagueBaseline::BBAvg, &LeagueBaseline::SOAvg,
+          &LeagueBaseline::HBPRate, &LeagueBaseline::RBIAvg, &LeagueBaseline::AvgSOBFP, &LeagueBaseline::AvgBBBFP,
+          &LeagueBaseline::AvgHBFP, &LeagueBaseline::AvgHRBFP}) {
+        baseline.*column = row.Double();
+    }
+    for (std::int16_t LeagueBaseline::*column : {&LeagueBaseline::AvgSPIPOutsGame, &LeagueBaseline::AvgRPIPOutsGame,
+                                                 &LeagueBaseline::AvgSPBFGame, &LeagueBaseline::AvgRPBFGame}) {
+        baseline.*column = static_cast<std::int16_t>(row.Int());
+    }
+    for (const PositionColumns& p : kPositionColumns) {
+        PositionBaseline& rates = baseline.*p.rates;
+        rates.ErrorsRate = row.Double();
+        rates.PORate = row.Double();
+        rates.ARate = row.Double();
+        rates.DPRate = row.Double();
+    }
+    return true;
+}
+
+bool HasLeagues(Database& season) {
+    return season.Prepare("SELECT lgIdx FROM Leagues LIMIT 1").Step();
+}
+
+std::vector<LeagueBaseline> ReadLeagueBaselines(Database& season, Database& common) {
+    std::vector<LeagueBaseline> baselines;
+    Statement leagues = season.Prepare("SELECT lgIdx, EraID FROM Leagues ORDER BY rowid LIMIT 3");
+    while (leagues.Step()) {
+        LeagueBaseline baseline;
+        baseline.lgIdx = static_cast<std::int16_t>(leagues.Int(0));
+        if (ReadEraBaseline(common, static_cast<std::int32_t>(leagues.Int(1)), baseline)) baselines.push_back(baseline);
+    }
+    return baselines;
+}
+
+}  // namespace tarvane
