@@ -18,7 +18,7 @@ std::int32_t ColorWord(CellColor color);
 
 // The texts that some rule reads. Everything else is Other and reads as the table of its sheet says for unknown text.
 enum class CellText : std::uint8_t {
-    Blank, Result, D, K, H, X, HRReduced, DoubleReduced, TripleReduced, TwoK, Star, I, Number, PositionName, InsideCorner, InfieldMiddle, OutfieldPull, Tbd, Other
+    Blank, Result, D, K, H, X, HRReduced, TripleReduced, TwoK, Star, I, Number, PositionName, InsideCorner, InfieldMiddle, OutfieldPull, Tbd, Other
 };
 
 // A chart cell parsed once: text class, the result it names (for CellText::Result), a position or a number where the

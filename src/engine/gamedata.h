@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -15,10 +16,12 @@ namespace tarvane {
 // The charts of one roster entry in the engine's form.
 struct BatterCharts {
     Chart vsL{}, vsR{};
+    std::uint8_t BBRating = 40, SORating = 40;  // 10 to 40; 40: a walk or strikeout stands without a test
 };
 struct PitcherCharts {
     Chart pitch{}, Bat{};
-    bool HasOutCells = false;  // at least one red or blue cell on his pitching chart
+    bool HasOutCells = false;                   // at least one red or blue cell on his pitching chart
+    std::uint8_t BBRating = 40, SORating = 40;  // his own at bat
 };
 
 // One team of a game: its roster as loaded and the charts compiled from it, index for index.
@@ -39,9 +42,10 @@ struct GameData {
     Ballpark park;
     YearEffects year;
     DefensiveEra defensiveEra;
-    GameCharts charts;           // as stored, for screens
+    GameCharts charts;  // as stored, for screens
     CompiledGameCharts compiled;
     Chart parkChart{}, yearChart{};
+    std::array<std::array<Cell, 6>, 18> eraCells{};  // rolls 10 to 15 of each range of the defensive era
     bool DHUsed = false;
     std::int16_t dayNumber = 0;  // day of the year of the game's date
     std::string gameDate;        // as the tables hold it
