@@ -43,7 +43,8 @@ struct TeamState {
     PlayerRef pitcher{'P', -1};
     std::int32_t PitcherThrows = 0;
     std::uint8_t PitcherStamina = 10, PitcherSecondWind = 10;
-    bool PitcherTired = false, PitcherIntermediateTired = false, PitcherChangePending = false, PitcherHasOutCells = false;
+    bool PitcherTired = false, PitcherIntermediateTired = false, PitcherChangePending = false,
+         PitcherHasOutCells = false;
     std::uint8_t PitcherLastBattedInning = 0;
     std::int16_t DRTotal = 0;
     std::uint8_t AutoOuts = 0;  // bit n: this team's defence turns a D cell at roll 10 + n into an out
@@ -78,6 +79,8 @@ struct Play {
     std::uint8_t ChartRoll = 0;  // the roll last read; 0 before the first
     std::uint8_t BBSORating = 0;
     bool GreatPlay = false, AutoOutPlay = false, ErrorCheck = false, FieldingDone = false, NearLine = false;
+    bool NarrationDone = false;  // the pitch and the ball were told before a decision: not a second time after it
+    std::uint16_t Notes = 0;     // bits of Note: what changed the result, told when the play is out
     Position FieldedBy = Position::None;
     Position ErrorBy = Position::None;          // charged with the error on the batter's ball
     Position DecisionErrorBy = Position::None;  // charged with an error on a manager decision
@@ -94,7 +97,7 @@ struct Play {
     char StealTarget = ' ';  // '2', '3', 'H'
     std::uint8_t StolenBaseSlot = 0;
     bool StealHomeTried = false;
-    PlayValues values;       // of the step under way; a suspended play keeps those of its own step
+    PlayValues values;  // of the step under way; a suspended play keeps those of its own step
     std::array<std::uint8_t, 4> RunsScoredList{};
     std::uint8_t RunsScoredCount = 0, EarnedRunsOnPlay = 0, RBIOnPlay = 0;
     bool InjuryPending = false;
@@ -108,7 +111,7 @@ struct Play {
 struct GameInjury {
     Side side = Side::Visitor;
     PlayerRef player;
-    std::uint8_t days = 0;
+    std::uint8_t days = 0;  // InjuredDays of his record: the chart's number and one
     friend bool operator==(const GameInjury&, const GameInjury&) = default;
 };
 

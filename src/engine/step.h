@@ -21,6 +21,7 @@ struct Step {
     }
     void Narrate(Tag tag);
     void Animate(Tag tag);
+    void Sound();
 };
 
 // --- determination.cpp, runners.cpp, fielding.cpp, yellowx.cpp: reading cells and moving runners ---
