@@ -1,0 +1,12 @@
+#pragma once
+
+#include <filesystem>
+
+#include "sample/league.h"
+
+namespace tarvane::sample {
+
+// Writes the tables of a played season into the folder. Throws UserError.
+void WriteTables(const std::filesystem::path& folder, const League& league);
+
+}  // namespace tarvane::sample
