@@ -1,0 +1,75 @@
+#include "narration/narrator.h"
+
+#include <algorithm>
+
+#include "narration/naming.h"
+
+namespace tarvane {
+
+namespace {
+
+// About ten plays of sentences: a wording comes again inside that span only when its range holds no other.
+constexpr std::size_t kMemory = 60;
+
+bool StartsText(const GameEvent& event, const GameState& state) {
+    if (event.tag == Tag::PitcherThrow || event.tag == Tag::PickOff) return true;
+    return event.tag == Tag::PitcherResult && state.play.PlayResult == Result::BK;
+}
+
+bool StandsAlone(Tag tag) {
+    return tag == Tag::EndOfInning || tag == Tag::EndOfInningMiddle || tag == Tag::PitcherTired ||
+           tag == Tag::PitcherIntermediateTired || tag == Tag::Pitcher2ndWind;
+}
+
+}  // namespace
+
+Narrator::Narrator(const Wordings& wordings, Sink sink) : wordings_(wordings), sink_(std::move(sink)) {}
+
+void Narrator::BeginText(bool pitch) {
+    if (!text_.empty() && !onlyPitch_ && sink_) sink_(text_);
+    text_.clear();
+    onlyPitch_ = pitch;
+}
+
+bool Narrator::RecentlyUsed(const Sentence* sentence) const {
+    return std::find(recent_.begin(), recent_.end(), sentence) != recent_.end();
+}
+
+void Narrator::Say(std::string_view key, const GameData& data, const GameState& state, const GameEvent& event) {
+    const int roll = state.play.values.NarrationRoll;
+    const auto& wordings = wordings_.For(Wordings::IndexOf(key), roll);
+    // The roll picks the range and, inside it, where to begin; a sentence heard lately gives way to its neighbour.
+    const std::size_t first = static_cast<std::size_t>(roll) % wordings.size();
+    const Sentence* chosen = &wordings[first];
+    for (std::size_t i = 0; i < wordings.size() && RecentlyUsed(chosen); ++i)
+        chosen = &wordings[(first + i + 1) % wordings.size()];
+    recent_.push_back(chosen);
+    if (recent_.size() > kMemory) recent_.pop_front();
+
+    if (!text_.empty()) text_ += ' ';
+    for (std::size_t i = 0; i < chosen->text.size(); ++i) {
+        text_ += chosen->text[i];
+        if (i < chosen->name.size()) text_ += NameText(chosen->name[i], data, state, event);
+    }
+}
+
+void Narrator::Welcome(const GameData& data, const GameState& state) {
+    BeginText(false);
+    Say("Welcome", data, state, {});
+}
+
+void Narrator::OnEvent(const GameData& data, const GameState& state, const GameEvent& event) {
+    if (event.kind != EventKind::Narration && event.kind != EventKind::Substitution) return;
+    const auto situations = SituationsOf(data, state, event);
+    if (situations.empty()) return;
+    const bool pitch = event.tag == Tag::PitcherThrow;
+    if (StartsText(event, state) || StandsAlone(event.tag) || event.kind == EventKind::Substitution) BeginText(pitch);
+    for (const std::string_view key : situations) Say(key, data, state, event);
+    if (!pitch) onlyPitch_ = false;
+}
+
+void Narrator::Finish() {
+    BeginText(false);
+}
+
+}  // namespace tarvane
