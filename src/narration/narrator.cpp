@@ -59,7 +59,9 @@ void Narrator::Welcome(const GameData& data, const GameState& state) {
 }
 
 void Narrator::OnEvent(const GameData& data, const GameState& state, const GameEvent& event) {
-    if (event.kind != EventKind::Narration && event.kind != EventKind::Substitution) return;
+    const bool told = event.kind == EventKind::Narration || event.kind == EventKind::Substitution ||
+                      (event.kind == EventKind::GameEnded && !state.WalkOff);
+    if (!told) return;
     const auto situations = SituationsOf(data, state, event);
     if (situations.empty()) return;
     const bool pitch = event.tag == Tag::PitcherThrow;
