@@ -10,11 +10,11 @@ namespace tarvane {
 namespace {
 
 constexpr std::array<std::string_view, kPositionCount> kPlaces{
-    "nobody", "the pitcher", "the catcher", "first", "second", "third", "short", "left", "center", "right", "nobody",
-    "nobody", "nobody", "nobody"};
+    "nobody", "the pitcher", "the catcher", "first",  "second", "third",  "short",
+    "left",   "center",      "right",       "nobody", "nobody", "nobody", "nobody"};
 constexpr std::array<std::string_view, kPositionCount> kOffices{
-    "nobody", "pitcher", "catcher", "first base", "second base", "third base", "shortstop", "left field", "center field",
-    "right field", "designated hitter", "pinch hitter", "pinch runner", "nobody"};
+    "nobody",     "pitcher",      "catcher",     "first base",        "second base",  "third base",   "shortstop",
+    "left field", "center field", "right field", "designated hitter", "pinch hitter", "pinch runner", "nobody"};
 constexpr std::array<std::string_view, 5> kBases{"", "first", "second", "third", "home"};
 
 PlayerRef InSlot(const GameState& state, Side side, int slot) {
@@ -31,7 +31,9 @@ std::string FielderName(const GameData& data, const GameState& state, Position p
     return LastNameOf(data, side, FielderAt(state, side, position));
 }
 
-int BaseBefore(const Play& play) { return play.StealTarget == 'H' ? 3 : play.StealTarget == '3' ? 2 : 1; }
+int BaseBefore(const Play& play) {
+    return play.StealTarget == 'H' ? 3 : play.StealTarget == '3' ? 2 : 1;
+}
 
 int TargetBase(const GameState& state) {
     if (state.sheet == SheetCode::S) return BaseBefore(state.play) + 1;
@@ -49,7 +51,8 @@ std::string HurtName(const GameData& data, const GameState& state, const GameEve
         return LastNameOf(data, injury.side, injury.player);
     }
     const Play& play = state.play;
-    if (play.InjuredBatter) return LastNameOf(data, state.BattingSide, InSlot(state, state.BattingSide, play.InjuredSlot));
+    if (play.InjuredBatter)
+        return LastNameOf(data, state.BattingSide, InSlot(state, state.BattingSide, play.InjuredSlot));
     return FielderName(data, state, play.InjuredPosition);
 }
 
@@ -60,7 +63,8 @@ Side HurtSide(const GameState& state, const GameEvent& event) {
 }
 
 Side TeamOf(const GameState& state, const GameEvent& event) {
-    const bool injury = event.tag == Tag::PossibleInjury || event.tag == Tag::PossibleInjury2 || event.tag == Tag::InjuryResult;
+    const bool injury =
+        event.tag == Tag::PossibleInjury || event.tag == Tag::PossibleInjury2 || event.tag == Tag::InjuryResult;
     return injury ? HurtSide(state, event) : state.BattingSide;
 }
 
@@ -81,7 +85,9 @@ std::string Ordinal(int number) {
     return fmt::format("{}{}", number, teen ? "th" : units == 1 ? "st" : units == 2 ? "nd" : units == 3 ? "rd" : "th");
 }
 
-std::string TeamName(const GameData& data, Side side) { return ShortTeamName(data[side].roster.team); }
+std::string TeamName(const GameData& data, Side side) {
+    return ShortTeamName(data[side].roster.team);
+}
 
 }  // namespace
 
@@ -105,7 +111,8 @@ std::string PlayerName(const GameData& data, Side side, PlayerRef player) {
 
 PlayerRef FielderAt(const GameState& state, Side side, Position position) {
     const auto& lineup = state[side].lineup;
-    const auto found = std::find_if(lineup.begin(), lineup.end(), [&](const LineupSlot& s) { return s.position == position; });
+    const auto found =
+        std::find_if(lineup.begin(), lineup.end(), [&](const LineupSlot& s) { return s.position == position; });
     if (found != lineup.end()) return found->player;
     return position == Position::P ? state[side].pitcher : PlayerRef{};
 }
@@ -130,7 +137,8 @@ std::string NameText(Name name, const GameData& data, const GameState& state, co
         case Name::Batter: return LastNameOf(data, state.BattingSide, state.AtBat().player);
         case Name::Pitcher: return LastNameOf(data, state.FieldingSide(), state.Fielding().pitcher);
         case Name::Catcher: return FielderName(data, state, Position::C);
-        case Name::Fielder: return FielderName(data, state, play.FieldedBy == Position::None ? Position::P : play.FieldedBy);
+        case Name::Fielder:
+            return FielderName(data, state, play.FieldedBy == Position::None ? Position::P : play.FieldedBy);
         case Name::Runner: return RunnerName(data, state);
         case Name::ErrorBy: return FielderName(data, state, play.DecisionErrorBy);
         case Name::Hurt: return HurtName(data, state, event);

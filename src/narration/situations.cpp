@@ -9,7 +9,9 @@ namespace {
 
 using Keys = std::vector<std::string_view>;
 
-bool Outfield(const GameState& state) { return IsOutfielder(state.play.FieldedBy); }
+bool Outfield(const GameState& state) {
+    return IsOutfielder(state.play.FieldedBy);
+}
 
 bool AnyoneOnBase(const GameState& state) {
     const auto& runner = state.Batting().runner;
@@ -17,16 +19,22 @@ bool AnyoneOnBase(const GameState& state) {
 }
 
 // Somebody stood on base when the ball got away: he has moved up or scored by now.
-bool RunnersMoved(const GameState& state) { return AnyoneOnBase(state) || state.play.RunsScoredCount > 0; }
+bool RunnersMoved(const GameState& state) {
+    return AnyoneOnBase(state) || state.play.RunsScoredCount > 0;
+}
 
 Keys GroundOutEnd(const GameState& state) {
     const Play& play = state.play;
     Keys keys;
     if (play.GreatPlay) keys.push_back("GroundOut2.nice");
-    if (play.playAt == PlayAt::Second) keys.push_back(state.Outs == 3 ? "GroundOut2.secondEnds" : "GroundOut2.second");
-    else if (play.playAt == PlayAt::Home) keys.push_back("GroundOut2.home");
-    else if (play.FieldedBy == Position::B1) keys.push_back("GroundOut2.unassisted");
-    else keys.push_back("GroundOut2.first");
+    if (play.playAt == PlayAt::Second)
+        keys.push_back(state.Outs == 3 ? "GroundOut2.secondEnds" : "GroundOut2.second");
+    else if (play.playAt == PlayAt::Home)
+        keys.push_back("GroundOut2.home");
+    else if (play.FieldedBy == Position::B1)
+        keys.push_back("GroundOut2.unassisted");
+    else
+        keys.push_back("GroundOut2.first");
     const auto& runner = state.Batting().runner;
     const bool moved = play.RunsScoredCount > 0 || runner[2].On() || runner[3].On();
     if (play.PlayResult == Result::GAdvance && state.Outs < 3 && moved) keys.push_back("GroundOut2.moved");
@@ -65,7 +73,9 @@ Keys BuntSingleEnd(const GameState& state) {
     return {state.play.buntResult == BuntResult::SHF ? "BuntSingle2.choice" : "BuntSingle2"};
 }
 
-bool HomeIsTheBase(const GameState& state) { return ExtraBaseOf(state).base == 4; }
+bool HomeIsTheBase(const GameState& state) {
+    return ExtraBaseOf(state).base == 4;
+}
 
 // After a throw that let others move: the batter on a hit, the men behind the runner on a fly.
 Keys MovedOnTheThrow(const GameState& state, std::string_view outcome) {
@@ -88,10 +98,14 @@ Keys RunsScored(const GameState& state, const GameEvent& event) {
     if (play.PlayResult != Result::HR) keys.push_back("RunsScored.count");
     const int ours = state.Batting().Runs;
     const int theirs = state.Fielding().Runs;
-    if (ours == theirs) keys.push_back("RunsScored.tied");
-    else if (ours > theirs && ours - event.number <= theirs) keys.push_back("RunsScored.lead");
-    else keys.push_back("RunsScored.other");
-    if (play.PlayResult == Result::SF || (play.PlayResult == Result::SFDecision)) keys.push_back("RunsScored.sacrifice");
+    if (ours == theirs)
+        keys.push_back("RunsScored.tied");
+    else if (ours > theirs && ours - event.number <= theirs)
+        keys.push_back("RunsScored.lead");
+    else
+        keys.push_back("RunsScored.other");
+    if (play.PlayResult == Result::SF || (play.PlayResult == Result::SFDecision))
+        keys.push_back("RunsScored.sacrifice");
     return keys;
 }
 
@@ -237,8 +251,8 @@ Keys GameSituations(const GameState& state, const GameEvent& event) {
 }  // namespace
 
 std::vector<std::string_view> SituationsOf(const GameData&, const GameState& state, const GameEvent& event) {
-    for (Keys keys : {BattedBallSituations(state, event), GameSituations(state, event), SmallChartSituations(state, event),
-                      RemarkSituations(event)})
+    for (Keys keys : {BattedBallSituations(state, event), GameSituations(state, event),
+                      SmallChartSituations(state, event), RemarkSituations(event)})
         if (!keys.empty()) return keys;
     return {};
 }

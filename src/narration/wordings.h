@@ -11,9 +11,36 @@ namespace tarvane {
 
 // What a sentence can name. The texts of the wordings write them in braces: {batter}.
 enum class Name : std::uint8_t {
-    Batter, Pitcher, Catcher, Fielder, Runner, ErrorBy, Hurt, Player, Position, PositionName, Line, From, Base, Team,
-    Opponents, SideTeam, Visitors, Home, VisitingPitcher, HomePitcher, Park, Year, Runs, OtherRuns, Leader, Trailer, Scored,
-    ScoredShort, Inning, Innings
+    Batter,
+    Pitcher,
+    Catcher,
+    Fielder,
+    Runner,
+    ErrorBy,
+    Hurt,
+    Player,
+    Position,
+    PositionName,
+    Line,
+    From,
+    Base,
+    Team,
+    Opponents,
+    SideTeam,
+    Visitors,
+    Home,
+    VisitingPitcher,
+    HomePitcher,
+    Park,
+    Year,
+    Runs,
+    OtherRuns,
+    Leader,
+    Trailer,
+    Scored,
+    ScoredShort,
+    Inning,
+    Innings
 };
 inline constexpr std::size_t kNameCount = static_cast<std::size_t>(Name::Innings) + 1;
 
@@ -35,8 +62,8 @@ std::span<const Situation> Situations();
 // The wordings of the play-by-play, read from a text file and checked against the list of situations.
 class Wordings {
   public:
-    // Throws UserError with file and line for an unknown or missing situation, a split or a number of lines that doesn't
-    // fit, an unknown name in braces, or a wording that is no whole sentence.
+    // Throws UserError with file and line for an unknown or missing situation, a split or a number of lines that
+    // doesn't fit, an unknown name in braces, or a wording that is no whole sentence.
     static Wordings Load(const std::filesystem::path& file);
     static Wordings Parse(std::string_view content, std::string_view fileName);
 

@@ -36,7 +36,8 @@ void PrintHelp(const Command& command) {
     if (!command.details.empty()) fmt::print("\n{}\n", command.details);
     if (!command.options.empty()) fmt::print("\noptions:\n");
     for (const OptionSpec& option : command.options) {
-        const std::string left = option.value.empty() ? std::string(option.name) : fmt::format("{} {}", option.name, option.value);
+        const std::string left =
+            option.value.empty() ? std::string(option.name) : fmt::format("{} {}", option.name, option.value);
         fmt::print("  {:<24} {}{}\n", left, option.help, option.required ? " (needed)" : "");
     }
 }
@@ -57,7 +58,8 @@ int Run(std::vector<std::string> words, Context context) {
     }
     if (words.empty()) return PrintHelp(), kUsage;
     const auto& commands = Commands();
-    const auto command = std::find_if(commands.begin(), commands.end(), [&](const Command& c) { return c.name == words.front(); });
+    const auto command =
+        std::find_if(commands.begin(), commands.end(), [&](const Command& c) { return c.name == words.front(); });
     if (command == commands.end())
         throw UserError(fmt::format("unknown command '{}'; tarvane-replay --help lists the commands", words.front()));
     words.erase(words.begin());

@@ -45,9 +45,11 @@ Options::Options(const std::vector<std::string>& words, const std::vector<Option
         given_.push_back({name, value});
     }
     if (positionals_.size() < positionals) throw UserError(fmt::format("missing: {}", positionalNames));
-    if (positionals_.size() > positionals) throw UserError(fmt::format("one word too many: {}", positionals_[positionals]));
+    if (positionals_.size() > positionals)
+        throw UserError(fmt::format("one word too many: {}", positionals_[positionals]));
     for (const OptionSpec& spec : specs)
-        if (spec.required && !Has(spec.name)) throw UserError(fmt::format("option {} {} is needed", spec.name, spec.value));
+        if (spec.required && !Has(spec.name))
+            throw UserError(fmt::format("option {} {} is needed", spec.name, spec.value));
 }
 
 bool Options::Has(std::string_view name) const {
@@ -71,7 +73,8 @@ long Options::Number(std::string_view name, long ifAbsent, long low, long high) 
     if (!Has(name)) return ifAbsent;
     const auto number = Parse<long>(Text(name));
     if (!number || *number < low || *number > high)
-        throw UserError(fmt::format("option {} takes a whole number from {} to {}, not '{}'", name, low, high, Text(name)));
+        throw UserError(
+            fmt::format("option {} takes a whole number from {} to {}, not '{}'", name, low, high, Text(name)));
     return *number;
 }
 
