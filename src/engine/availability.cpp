@@ -60,6 +60,8 @@ bool AnyPitcher(const GameData& data, const GameState& state, Side side, bool re
     for (std::size_t i = 0; i < pitchers.size() && i < kMaxRosterRecords; ++i) {
         if (restedOnly && IsResting(pitchers[i], data.dayNumber)) continue;
         const PlayerRef player{'P', static_cast<std::int16_t>(i)};
+        // A man who is in the game already leaves a hole behind if he takes the mound.
+        if (InGame(data, state, side, player)) continue;
         if (CheckRestedPitcher(data, state, side, player) == Reject::None) return true;
     }
     return false;

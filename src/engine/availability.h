@@ -36,7 +36,7 @@ Reject CheckEntering(const GameData& data, const GameState& state, Side side, Pl
 // refused only while a rested one is left.
 Reject CheckEnteringPitcher(const GameData& data, const GameState& state, Side side, PlayerRef player);
 
-// At least one man may take over as pitcher now.
+// At least one man from outside the game may take over as pitcher now.
 bool PitcherLeft(const GameData& data, const GameState& state, Side side);
 
 // Notes that the record has been in the game.

@@ -57,7 +57,7 @@ PlayerRef FirstReliever(const Repair& repair) {
     for (const char role : {'R', 'S'}) {
         for (int i = 0; i < RecordsOf(repair.team().roster, 'P'); ++i) {
             const PlayerRef man{'P', static_cast<std::int16_t>(i)};
-            if (pitchers[static_cast<std::size_t>(i)].pitcherType != role) continue;
+            if (pitchers[static_cast<std::size_t>(i)].pitcherType != role || repair.Taken(man)) continue;
             if (CheckEnteringPitcher(repair.data, repair.state, repair.lineup.side, man) == Reject::None) return man;
         }
     }

@@ -119,6 +119,14 @@ Reject PitcherMayEnter(const GameData& data, const GameState& state, const Lineu
     return mustGo ? Reject::CannotPitch : Reject::None;
 }
 
+// The pitcher is batted for and nobody could pitch the next half: a change that nothing could mend.
+bool LeavesNoPitcher(const GameData& data, const GameState& state, const LineupInput& lineup) {
+    if (data.DHUsed || lineup.side == state.FieldingSide()) return false;
+    const auto& positions = lineup.position;
+    if (std::find(positions.begin(), positions.end(), Position::P) != positions.end()) return false;
+    return !PitcherLeft(data, state, lineup.side);
+}
+
 }  // namespace
 
 Reject CheckStartingLineup(const GameData& data, const LineupInput& lineup, std::string* name) {
@@ -151,6 +159,7 @@ Reject CheckLineupChange(const GameData& data, const GameState& state, const Lin
     if (const Reject reject = MenMayEnter(data, state, lineup); reject != Reject::None) return reject;
     if (const Reject reject = PitcherMayEnter(data, state, lineup); reject != Reject::None) return reject;
     if (!PositionsDistinct(lineup.position)) return Reject::PositionsIncomplete;
+    if (LeavesNoPitcher(data, state, lineup)) return Reject::PitcherMissing;
     // Pinch hitters and runners get their places in the field when their half is over.
     const bool inField = lineup.side == state.FieldingSide();
     const bool complete = OpenPosition(lineup.position, data.DHUsed) == Position::None;

@@ -197,6 +197,19 @@ TEST(Lineup, PinchHitterForThePitcherAsksForANewOne) {
     EXPECT_EQ(StateOk(game.data, game.state), "");
 }
 
+TEST(Lineup, NobodyBatsForTheLastPitcher) {
+    BoxGame game;
+    LineupInput lineup = game.Now(V);
+    lineup.player[8] = BoxGame::Man(9);
+    lineup.position[8] = Position::PH;
+    auto& arms = game.data.team[V].roster.pitchers;
+    for (std::size_t i = 2; i < arms.size(); ++i) arms[i].Inactive = true;
+    arms[1].injury.InjuredDaysRemaining = 3;
+    EXPECT_EQ(game.Change(lineup), Reject::PitcherMissing);
+    arms[12].Inactive = false;
+    EXPECT_EQ(game.Change(lineup), Reject::None);
+}
+
 TEST(Lineup, ChangesNeedTheirMomentAndWholeField) {
     BoxGame game;
     LineupInput lineup = game.Now(H);
