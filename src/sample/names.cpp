@@ -1,6 +1,5 @@
 #include "sample/names.h"
 
-#include <array>
 #include <cctype>
 
 #include "sample/chance.h"
@@ -10,7 +9,7 @@ namespace {
 
 // No surname here was borne by a man who played in the major leagues through 2024, so that no player of this league can
 // share a real player's name. Add only names of which that holds.
-constexpr std::array kSurnames{
+constexpr const char* kSurnames[] = {
     "Abernethy",    "Ackroyd",      "Ainscough",    "Aldersey",     "Allardice",    "Almquist",      "Ansley",
     "Appleyard",    "Arkwright",    "Armitage",     "Arrowood",     "Ashcombe",     "Ashdown",       "Ashworth",
     "Atherstone",   "Attwell",      "Aylesworth",   "Bagshaw",      "Bainbridge",   "Balderston",    "Barkworth",
@@ -61,7 +60,7 @@ constexpr std::array kSurnames{
     "Boudreaux",    "Landrieux",    "Robichaux",    "Thibodeaux",
 };
 
-constexpr std::array kSpanishSurnames{
+constexpr const char* kSpanishSurnames[] = {
     "Abascal",   "Agramonte",    "Albornoz",    "Aldaco",     "Almendarez",  "Ancheta",     "Anchondo",   "Arbelaez",
     "Arguello",  "Arispe",       "Armenta",     "Balderrama", "Barrientos",  "Bengoechea",  "Bocanegra",  "Buenrostro",
     "Cantarero", "Carrasquillo", "Casarrubias", "Cebrian",    "Cienfuegos",  "Covarrubias", "Dominicci",  "Echeverria",
@@ -71,7 +70,7 @@ constexpr std::array kSpanishSurnames{
     "Urquidez",  "Villagomez",   "Zaldivar",    "Zorrilla",   "Zubizarreta", "Zumarraga",
 };
 
-constexpr std::array kGivenNames{
+constexpr const char* kGivenNames[] = {
     "Bill",    "John",   "Mike",    "Jim",    "Joe",    "Bob",    "George",  "Frank",  "Tom",    "Ed",     "Jack",
     "Charlie", "Dave",   "Steve",   "Al",     "Harry",  "Chris",  "Fred",    "Dick",   "Jeff",   "Matt",   "Johnny",
     "Ray",     "Don",    "Mark",    "Paul",   "Scott",  "Billy",  "Brian",   "Ryan",   "Pete",   "Bobby",  "Pat",
@@ -87,7 +86,7 @@ constexpr std::array kGivenNames{
     "Neil",    "Norm",   "Rodney",  "Rollie", "Rusty",  "Skip",   "Spencer", "Warren", "Woody",
 };
 
-constexpr std::array kSpanishGivenNames{
+constexpr const char* kSpanishGivenNames[] = {
     "Jose",    "Luis",     "Carlos",    "Juan",     "Pedro",     "Oscar",   "Ramon",    "Miguel",   "Rafael",  "Jorge",
     "Angel",   "Manny",    "Hector",    "Felix",    "Tito",      "Cesar",   "Julio",    "Roberto",  "Orlando", "Ruben",
     "Enrique", "Ivan",     "Aurelio",   "Bernardo", "Dagoberto", "Eduardo", "Fernando", "Gilberto", "Horacio", "Ismael",
@@ -96,9 +95,9 @@ constexpr std::array kSpanishGivenNames{
 
 constexpr double kSpanishShare = 0.11;
 
-template <class List>
-std::string Pick(Random& random, const List& list) {
-    return list[random.Below(static_cast<std::uint32_t>(list.size()))];
+template <std::size_t count>
+std::string Pick(Random& random, const char* const (&list)[count]) {
+    return list[random.Below(static_cast<std::uint32_t>(count))];
 }
 
 std::string Letters(const std::string& name, std::size_t count) {

@@ -14,8 +14,6 @@ using test::Csv;
 using test::ReadCsv;
 using test::Row;
 
-const std::filesystem::path kSeeds = std::filesystem::path(TARVANE_SOURCE_DIR) / "assets" / "seeds";
-
 // Weight out of 216 by colour letter and text: "g" is an empty green cell, "wE" a white E.
 using Weights = std::map<std::string, int>;
 
@@ -41,7 +39,7 @@ Weights WeightsOf(const Row& row, bool colored = true) {
 
 // One row of weights for each row of a table, zeros left out.
 void ExpectRows(const std::string& table, const std::vector<Weights>& expected, bool colored = true) {
-    const Csv csv = ReadCsv(kSeeds / (table + ".csv"));
+    const Csv csv = ReadCsv(test::SeedsFolder() / (table + ".csv"));
     ASSERT_EQ(csv.rows.size(), expected.size()) << table;
     EXPECT_FALSE(csv.comments.empty()) << table << " doesn't say where it comes from";
     for (std::size_t i = 0; i < expected.size(); ++i)
@@ -55,7 +53,7 @@ TEST(ChartSeeds, ManagerDecision) {
                                    {{"g", 122}, {"g*", 32}, {"gE", 4}, {"wE", 6}, {"r*", 10}, {"r", 42}},
                                    {{"g", 138}, {"g*", 36}, {"gE", 4}, {"wE", 6}, {"r*", 6}, {"r", 26}},
                                    {{"g", 152}, {"g*", 40}, {"gE", 4}, {"wE", 6}, {"r*", 3}, {"r", 11}}});
-    const Csv csv = ReadCsv(kSeeds / "KorvMgrDecChart.csv");
+    const Csv csv = ReadCsv(test::SeedsFolder() / "KorvMgrDecChart.csv");
     const double chances[] = {.391, .521, .641, .752, .845, .928};
     for (std::size_t i = 0; i < 6; ++i) {
         EXPECT_EQ(csv.rows[i].Int("RunRating"), static_cast<int>(i));
@@ -69,7 +67,7 @@ TEST(ChartSeeds, Bunt) {
                 {{"gSH", 100}, {"g1", 9}, {"gFC", 4}, {"gE", 4}, {"rG", 36}, {"rF", 13}, {"rDP", 8}, {"y2K", 42}},
                 {{"gSH", 112}, {"g1", 14}, {"gFC", 6}, {"gE", 5}, {"rG", 23}, {"rF", 14}, {"y2K", 24}, {"bK", 18}},
                 {{"gSH", 84}, {"g1", 8}, {"gFC", 5}, {"gE", 4}, {"rG", 37}, {"rF", 22}, {"y2K", 32}, {"bK", 24}}});
-    const Csv csv = ReadCsv(kSeeds / "KorvBuntChart.csv");
+    const Csv csv = ReadCsv(test::SeedsFolder() / "KorvBuntChart.csv");
     const double chances[] = {.74, .54, .63, .47};
     const char* keys[] = {"SA", "SB", "ZA", "ZB"};
     for (std::size_t i = 0; i < 4; ++i) {
@@ -90,7 +88,7 @@ TEST(ChartSeeds, StolenBases) {
     for (const auto& w : weights)
         expected.push_back({{"g", w[0]}, {"gE", w[1]}, {"wE", w[2]}, {"r", w[3]}, {"rPK", w[4]}, {"yBK", w[5]}});
     ExpectRows("KorvStolenBaseChart", expected);
-    const Csv csv = ReadCsv(kSeeds / "KorvStolenBaseChart.csv");
+    const Csv csv = ReadCsv(test::SeedsFolder() / "KorvStolenBaseChart.csv");
     for (std::size_t i = 0; i < 18; ++i) {
         EXPECT_EQ(csv.rows[i]["SBType"], std::string(1, "23H"[i / 6]));
         EXPECT_EQ(csv.rows[i].Int("RunRating"), static_cast<int>(i % 6));
@@ -134,7 +132,7 @@ TEST(ChartSeeds, ErrorLettersAreTheSumsOfTheirColumns) {
     // The letter's index, which the ratings are measured by: 27 of 36 is average.
     const int index[] = {1, 3, 4, 9, 10, 11, 12, 13, 14, 15, 16, 20, 21, 22, 23, 24, 25, 26, 27, 32, 33, 35, 36};
     const int columnWeight[] = {12, 11, 9, 3, 1};
-    const Csv csv = ReadCsv(kSeeds / "KorvErrorRating.csv");
+    const Csv csv = ReadCsv(test::SeedsFolder() / "KorvErrorRating.csv");
     ASSERT_EQ(csv.rows.size(), letters.size());
     for (std::size_t i = 0; i < letters.size(); ++i) {
         EXPECT_EQ(csv.rows[i]["ErrorRating"], std::string(1, letters[i]));
@@ -148,7 +146,7 @@ TEST(ChartSeeds, ErrorLettersAreTheSumsOfTheirColumns) {
 
 // A record an era: ranges without a gap over every total a byte can hold, each making one more raw roll an out.
 TEST(ChartSeeds, DefensiveErasCoverAllTotalsAndRise) {
-    std::ifstream file(kSeeds / "DefensiveEras.txt");
+    std::ifstream file(test::SeedsFolder() / "DefensiveEras.txt");
     std::set<int> ids;
     for (std::string line; std::getline(file, line);) {
         const std::vector<std::string> f = test::SplitLine(line);

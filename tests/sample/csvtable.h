@@ -12,6 +12,10 @@
 
 namespace tarvane::test {
 
+inline std::filesystem::path SeedsFolder() {
+    return std::filesystem::path(TARVANE_SOURCE_DIR) / "assets" / "seeds";
+}
+
 inline std::string ReadAll(const std::filesystem::path& path) {
     std::ifstream file(path, std::ios::binary);
     EXPECT_TRUE(file) << path;

@@ -14,8 +14,6 @@ using test::Csv;
 using test::ReadCsv;
 using test::Row;
 
-const std::filesystem::path kSeeds = std::filesystem::path(TARVANE_SOURCE_DIR) / "assets" / "seeds";
-
 std::map<std::string, Row> ErasByName(const Csv& csv) {
     std::map<std::string, Row> byName;
     for (const Row& row : csv.rows) EXPECT_TRUE(byName.emplace(row["EraName"], row).second) << row["EraName"];
@@ -32,7 +30,7 @@ const char* const kRetrosheet =
     "contact Retrosheet at www.retrosheet.org.";
 
 TEST(EraSeeds, EveryLeagueAndYearHasARowAndEveryYearACombinedOne) {
-    const Csv csv = ReadCsv(kSeeds / "KorvYears.csv");
+    const Csv csv = ReadCsv(test::SeedsFolder() / "KorvYears.csv");
     EXPECT_TRUE(Mentions(csv, "CC BY-SA 3.0"));
     const auto era = ErasByName(csv);
     std::set<int> ids;
@@ -46,7 +44,7 @@ TEST(EraSeeds, EveryLeagueAndYearHasARowAndEveryYearACombinedOne) {
 // Exactly one span of years covers each year: it is what the year is measured against.
 TEST(EraSeeds, SpansMeetWithoutAGap) {
     std::map<int, int> covered;
-    for (const Row& row : ReadCsv(kSeeds / "KorvYears.csv").rows) {
+    for (const Row& row : ReadCsv(test::SeedsFolder() / "KorvYears.csv").rows) {
         if (row.Int("EraRangeStart") == 0) continue;
         for (int year = row.Int("EraRangeStart"); year <= row.Int("EraRangeEnd"); ++year) ++covered[year];
         for (const char* factor : {"HitRate", "HRRate", "SORate", "RunsRate", "SHRate"})
@@ -58,7 +56,7 @@ TEST(EraSeeds, SpansMeetWithoutAGap) {
 }
 
 TEST(EraSeeds, RatesAddUpAndStandWhereBaseballPutsThem) {
-    for (const Row& row : ReadCsv(kSeeds / "KorvYears.csv").rows) {
+    for (const Row& row : ReadCsv(test::SeedsFolder() / "KorvYears.csv").rows) {
         SCOPED_TRACE(row["EraName"]);
         const double kinds =
             row.Double("SinglesAvg") + row.Double("DoublesAvg") + row.Double("TriplesAvg") + row.Double("HRAvg");
@@ -82,7 +80,7 @@ TEST(EraSeeds, RatesAddUpAndStandWhereBaseballPutsThem) {
 }
 
 TEST(EraSeeds, ACombinedRowLiesBetweenItsLeaguesAndItsFactorsFollowFromItsSpan) {
-    const Csv csv = ReadCsv(kSeeds / "KorvYears.csv");
+    const Csv csv = ReadCsv(test::SeedsFolder() / "KorvYears.csv");
     const auto era = ErasByName(csv);
     for (int year = 1901; year <= 2024; ++year) {
         const std::string name = std::to_string(year);
@@ -91,7 +89,7 @@ TEST(EraSeeds, ACombinedRowLiesBetweenItsLeaguesAndItsFactorsFollowFromItsSpan) 
         const Row& both = era.at(name + " Combined");
         if (year != 1914 && year != 1915) {
             for (const char* column : {"HitAvg", "HRAvg", "SOAvg", "PAFactor", "AvgHBFP", "SSErrorsRate", "CPctPOSO"}) {
-                const auto [low, high] = std::minmax(al.Double(column), nl.Double(column));
+                const auto [low, high] = std::minmax({al.Double(column), nl.Double(column)});
                 EXPECT_GE(both.Double(column), low - 2e-6) << name << column;
                 EXPECT_LE(both.Double(column), high + 2e-6) << name << column;
             }
@@ -107,13 +105,13 @@ TEST(EraSeeds, ACombinedRowLiesBetweenItsLeaguesAndItsFactorsFollowFromItsSpan) 
 }
 
 TEST(ParkSeeds, ParksFitTheirYearAndEveryHomeExists) {
-    const Csv parks = ReadCsv(kSeeds / "KorvBallparks.csv");
-    const Csv homes = ReadCsv(kSeeds / "TeamParks.csv");
+    const Csv parks = ReadCsv(test::SeedsFolder() / "KorvBallparks.csv");
+    const Csv homes = ReadCsv(test::SeedsFolder() / "TeamParks.csv");
     for (const Csv* csv : {&parks, &homes}) {
         EXPECT_TRUE(Mentions(*csv, kRetrosheet));
         EXPECT_TRUE(Mentions(*csv, "CC BY-SA 3.0"));
     }
-    const Csv years = ReadCsv(kSeeds / "KorvYears.csv");
+    const Csv years = ReadCsv(test::SeedsFolder() / "KorvYears.csv");
     const auto era = ErasByName(years);
     std::map<int, int> yearOf;
     int neutral = 0;
