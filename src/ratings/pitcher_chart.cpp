@@ -39,12 +39,15 @@ constexpr PitchingPlanRow kPitchingRows[] = {
 class OutTexts : public CellTexts {
   public:
     explicit OutTexts(Random& random) : random_(random) {}
-    std::string Next() override { return last_ = random_.RandomRoll216() <= 108 ? "G" : "F"; }
-    std::string Last() { return last_.empty() ? Next() : last_; }
+    std::string Next() override {
+        last_ = random_.RandomRoll216() <= 108 ? 'G' : 'F';
+        return std::string(1, last_);
+    }
+    std::string Last() { return last_ == ' ' ? Next() : std::string(1, last_); }
 
   private:
     Random& random_;
-    std::string last_;
+    char last_ = ' ';
 };
 
 constexpr std::size_t kLastCell = kLastRoll - kFirstRoll;

@@ -65,6 +65,10 @@ void ReadKeys(RowReader& reader, Row& row) {
     row.stint = reader.Int();
 }
 
+std::string_view OfTeam(const std::optional<std::string>& team) {
+    return team ? " WHERE KorvTeamID = ? ORDER BY rowid" : " ORDER BY rowid";
+}
+
 constexpr std::string_view TableName(PlayerTable table) {
     return table == PlayerTable::Batters ? "KorvBatters" : "KorvPitchers";
 }
@@ -131,13 +135,13 @@ std::vector<PlayerRow> ReadPlayer(Database& season, PlayerTable table, std::int3
     return rows;
 }
 
-StatisticsTable<LahmanBattingRow> ReadLahmanBatting(Database& season) {
+StatisticsTable<LahmanBattingRow> ReadLahmanBatting(Database& season, const std::optional<std::string>& team) {
     StatisticsTable<LahmanBattingRow> table;
     Statement query =
         season.Prepare(fmt::format("SELECT {}, G, AB, R, H, \"2B\", \"3B\", HR, RBI, SB, BB, CS, SO, IBB, HBP, SH, SF, "
-                                   "GIDP{}{} FROM LahmanBatting "
-                                   "ORDER BY rowid",
-                                   kKeyColumns, SplitColumnList("vsLeft"), SplitColumnList("vsRight")));
+                                   "GIDP{}{}, HitRunRating FROM LahmanBatting{}",
+                                   kKeyColumns, SplitColumnList("vsLeft"), SplitColumnList("vsRight"), OfTeam(team)));
+    if (team) query.Bind(1, *team);
     using Row = LahmanBattingRow;
     while (query.Step()) {
         Row row;
@@ -153,17 +157,19 @@ StatisticsTable<LahmanBattingRow> ReadLahmanBatting(Database& season) {
         }
         row.vsLeft = ReadSplitLine(reader);
         row.vsRight = ReadSplitLine(reader);
+        row.HitRunRating = reader.Int();
         table.Add(query.Int(0), std::move(row));
     }
     return table;
 }
 
-StatisticsTable<LahmanPitchingRow> ReadLahmanPitching(Database& season) {
+StatisticsTable<LahmanPitchingRow> ReadLahmanPitching(Database& season, const std::optional<std::string>& team) {
     StatisticsTable<LahmanPitchingRow> table;
     Statement query = season.Prepare(fmt::format(
         "SELECT {}, W, L, G, GS, CG, SHO, SV, IPouts, H, ER, HR, BB, SO, IBB, WP, HBP, BK, GF, BFP, R, ERA, "
-        "OppAB FROM LahmanPitching ORDER BY rowid",
-        kKeyColumns));
+        "OppAB, EPC FROM LahmanPitching{}",
+        kKeyColumns, OfTeam(team)));
+    if (team) query.Bind(1, *team);
     using Row = LahmanPitchingRow;
     while (query.Step()) {
         Row row;
@@ -179,15 +185,17 @@ StatisticsTable<LahmanPitchingRow> ReadLahmanPitching(Database& season) {
         }
         row.ERA = reader.Double();
         row.OppAB = reader.Double();
+        row.EPC = reader.Int();
         table.Add(query.Int(0), std::move(row));
     }
     return table;
 }
 
-StatisticsTable<LahmanFieldingRow> ReadLahmanFielding(Database& season) {
+StatisticsTable<LahmanFieldingRow> ReadLahmanFielding(Database& season, const std::optional<std::string>& team) {
     StatisticsTable<LahmanFieldingRow> table;
     Statement query = season.Prepare(
-        fmt::format("SELECT {}, Pos, G, PO, A, E, DP, PB FROM LahmanFielding ORDER BY rowid", kKeyColumns));
+        fmt::format("SELECT {}, Pos, G, PO, A, E, DP, PB FROM LahmanFielding{}", kKeyColumns, OfTeam(team)));
+    if (team) query.Bind(1, *team);
     using Row = LahmanFieldingRow;
     while (query.Step()) {
         Row row;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -68,9 +69,10 @@ class StatisticsTable {
     std::unordered_map<std::string, std::vector<std::size_t>> index_;
 };
 
-StatisticsTable<LahmanBattingRow> ReadLahmanBatting(Database& season);
-StatisticsTable<LahmanPitchingRow> ReadLahmanPitching(Database& season);
-StatisticsTable<LahmanFieldingRow> ReadLahmanFielding(Database& season);
+// All teams, or the one whose KorvTeamID is given.
+StatisticsTable<LahmanBattingRow> ReadLahmanBatting(Database& season, const std::optional<std::string>& team = {});
+StatisticsTable<LahmanPitchingRow> ReadLahmanPitching(Database& season, const std::optional<std::string>& team = {});
+StatisticsTable<LahmanFieldingRow> ReadLahmanFielding(Database& season, const std::optional<std::string>& team = {});
 
 // The baselines of the season's leagues, at most three; a league whose era isn't in KorvYears has none.
 std::vector<LeagueBaseline> ReadLeagueBaselines(Database& season, Database& common);

@@ -17,6 +17,7 @@ struct LahmanBattingRow {
     int yearID = 0, stint = 0, G = 0, AB = 0, R = 0, H = 0, Doubles = 0, Triples = 0, HR = 0, RBI = 0, SB = 0, BB = 0;
     std::optional<int> CS, SO, IBB, HBP, SH, SF, GIDP;
     SplitLine vsLeft, vsRight;
+    int HitRunRating = 0;  // seasons the row stands for; 0 is one
 };
 
 // A row of LahmanPitching.
@@ -27,6 +28,7 @@ struct LahmanPitchingRow {
     std::optional<int> IBB, WP, HBP, BK, GF, BFP, R;
     double ERA = 0;
     double OppAB = 0;  // estimated where the source has no opponents' average
+    int EPC = 0;       // seasons the row stands for; 0 is one
 };
 
 // A row of LahmanFielding: games and, for outfielders, shares of the club's outfield line, so these can be fractions.
