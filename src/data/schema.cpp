@@ -97,8 +97,9 @@ void AppendColumn(Database& database, const TableDef& table, const ColumnDef& co
 std::vector<const ColumnDef*> UpgradeTable(Database& database, std::string_view table, UpgradeStage stage) {
     const TableDef* def = FindTableDef(table);
     if (def == nullptr) return {};
-    Transaction transaction(database);
     const std::vector<const ColumnDef*> missing = MissingColumns(database, *def, stage);
+    if (missing.empty()) return missing;
+    Transaction transaction(database);
     for (const ColumnDef* column : missing) AppendColumn(database, *def, *column);
     transaction.Commit();
     return missing;
