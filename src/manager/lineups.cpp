@@ -17,7 +17,12 @@ struct Nine {
     std::array<PlayerRef, 9> man{};
     std::array<Position, 9> position{};
 
-    bool Holds(PlayerRef player) const { return std::find(man.begin(), man.end(), player) != man.end(); }
+    PlayerRef starter;  // pitches whether he stands in the order or not; as DH he may bat under his other record
+
+    bool Holds(const TeamRoster& roster, PlayerRef player, Position at) const {
+        if (at != Position::DH && SamePerson(roster, starter, player)) return true;
+        return std::any_of(man.begin(), man.end(), [&](PlayerRef m) { return SamePerson(roster, m, player); });
+    }
     bool HasPosition(Position wanted) const {
         return std::find(position.begin(), position.end(), wanted) != position.end();
     }
@@ -27,11 +32,6 @@ std::vector<Position> PositionsWanted(bool dhUsed) {
     return {Position::C,  Position::SS, Position::CF,
             Position::B2, Position::B3, Position::LF,
             Position::RF, Position::B1, dhUsed ? Position::DH : Position::P};
-}
-
-// Starters and pitchers of the same name are one man.
-bool SameMan(const TeamRoster& roster, PlayerRef a, PlayerRef b) {
-    return a == b || (a.type == b.type && a.type == 'P' && NameOf(roster, a) == NameOf(roster, b));
 }
 
 const LineupList* StoredLineup(const TeamRoster& roster, const LineupRequest& request) {
@@ -46,8 +46,8 @@ const LineupList* StoredLineup(const TeamRoster& roster, const LineupRequest& re
 }
 
 // The men of the stored list who can play, each in his slot; the pitcher's slot takes the starter. Holes stay open.
-Nine FromList(const TeamRoster& roster, const LineupList& list, const LineupRequest& request, LineupChoice& choice) {
-    Nine nine;
+void PlaceListed(const TeamRoster& roster, const LineupList& list, const LineupRequest& request, Nine& nine,
+                 std::vector<std::string>& messages) {
     const std::vector<Position> wanted = PositionsWanted(request.dhUsed);
     for (std::size_t slot = 0; slot < 9; ++slot) {
         Position at = list.slot[slot].position;
@@ -55,18 +55,17 @@ Nine FromList(const TeamRoster& roster, const LineupList& list, const LineupRequ
         if (std::find(wanted.begin(), wanted.end(), at) == wanted.end() || nine.HasPosition(at)) continue;
         nine.position[slot] = at;
         if (at == Position::P) {
-            nine.man[slot] = {'P', static_cast<std::int16_t>(request.pitcher)};
+            nine.man[slot] = nine.starter;
             continue;
         }
         const PlayerRef man = ManInSlot(roster, list.slot[slot]);
-        if (man.type == 'B' && CanPlay(roster, man) && !nine.Holds(man)) {
+        if (man.type == 'B' && CanPlay(roster, man) && !nine.Holds(roster, man, at)) {
             nine.man[slot] = man;
         } else if (!man.Nobody() && !CanPlay(roster, man)) {
-            choice.messages.push_back(
+            messages.push_back(
                 fmt::format("{} is inactive and has been replaced by Computer Manager.", NameOf(roster, man)));
         }
     }
-    return nine;
 }
 
 PlayerRef FirstOfDepth(const TeamRoster& roster, const Nine& nine, Position position) {
@@ -74,7 +73,7 @@ PlayerRef FirstOfDepth(const TeamRoster& roster, const Nine& nine, Position posi
     if (!depth) return {};
     for (const ListSlot& slot : depth->slot) {
         const PlayerRef man = ManInSlot(roster, slot);
-        if (man.type == 'B' && CanPlay(roster, man) && !nine.Holds(man)) return man;
+        if (man.type == 'B' && CanPlay(roster, man) && !nine.Holds(roster, man, position)) return man;
     }
     return {};
 }
@@ -93,7 +92,7 @@ std::vector<int> CandidatesAt(const TeamRoster& roster, const Nine& nine, Positi
     std::vector<int> men;
     for (std::size_t i = 0; i < roster.batters.size(); ++i) {
         const PlayerRef man{'B', static_cast<std::int16_t>(i)};
-        if (!CanPlay(roster.batters[i]) || nine.Holds(man)) continue;
+        if (!CanPlay(roster.batters[i]) || nine.Holds(roster, man, position)) continue;
         if (position == Position::DH || PlaceOf(roster.batters[i], position) >= 0) men.push_back(static_cast<int>(i));
     }
     const auto key = [&roster, position](int index) {
@@ -135,25 +134,24 @@ class Fitting {
     std::vector<int> holder_;
 };
 
-// Anybody who can stand up: a batter out of position, then a pitcher other than the starter.
-PlayerRef AnyMan(const TeamRoster& roster, const Nine& nine, PlayerRef starter) {
+// Anybody who can stand up: the best bat left, out of position, then a pitcher other than the starter.
+PlayerRef AnyMan(const TeamRoster& roster, const Nine& nine, Position at) {
     PlayerRef best;
     for (std::size_t i = 0; i < roster.batters.size(); ++i) {
         const PlayerRef man{'B', static_cast<std::int16_t>(i)};
-        if (!CanPlay(roster, man) || nine.Holds(man)) continue;
-        if (best.Nobody() || OnBase(roster.batters[i]) > OnBase(roster.batters[static_cast<std::size_t>(best.index)]))
-            best = man;
+        if (!CanPlay(roster, man) || nine.Holds(roster, man, at)) continue;
+        const bool better =
+            best.Nobody() || OnBase(roster.batters[i]) > OnBase(roster.batters[static_cast<std::size_t>(best.index)]);
+        if (better) best = man;
     }
     for (std::size_t i = 0; best.Nobody() && i < roster.pitchers.size(); ++i) {
         const PlayerRef man{'P', static_cast<std::int16_t>(i)};
-        bool used = SameMan(roster, man, starter);
-        for (const PlayerRef other : nine.man) used = used || SameMan(roster, man, other);
-        if (!used && CanPlay(roster, man)) best = man;
+        if (CanPlay(roster, man) && !nine.Holds(roster, man, Position::P)) best = man;
     }
     return best;
 }
 
-void FillOpen(const TeamRoster& roster, Nine& nine, PlayerRef starter) {
+void FillOpen(const TeamRoster& roster, Nine& nine) {
     std::vector<std::size_t> slots;
     std::vector<Position> open;
     for (const Position position : PositionsWanted(true))  // scarce positions first
@@ -163,20 +161,22 @@ void FillOpen(const TeamRoster& roster, Nine& nine, PlayerRef starter) {
                 open.push_back(position);
             }
     const Fitting fitting(roster, nine, open);
-    for (std::size_t i = 0; i < open.size(); ++i)
-        if (fitting.HolderOf(i) >= 0) nine.man[slots[i]] = {'B', static_cast<std::int16_t>(fitting.HolderOf(i))};
+    for (std::size_t i = 0; i < open.size(); ++i) {
+        const PlayerRef man{'B', static_cast<std::int16_t>(fitting.HolderOf(i))};
+        if (!nine.Holds(roster, man, open[i])) nine.man[slots[i]] = man;
+    }
     for (const std::size_t slot : slots)
-        if (nine.man[slot].Nobody()) nine.man[slot] = AnyMan(roster, nine, starter);
+        if (nine.man[slot].Nobody()) nine.man[slot] = AnyMan(roster, nine, nine.position[slot]);
 }
 
 // Positions that no slot holds go to the slots without one, the pitcher last in the order.
-void SettlePositions(Nine& nine, bool dhUsed, PlayerRef starter) {
+void SettlePositions(Nine& nine, bool dhUsed) {
     std::size_t slot = 0;
     for (const Position position : PositionsWanted(dhUsed)) {
         if (nine.HasPosition(position)) continue;
         while (nine.position[slot] != Position::None) ++slot;
         nine.position[slot] = position;
-        if (position == Position::P) nine.man[slot] = starter;
+        if (position == Position::P) nine.man[slot] = nine.starter;
     }
 }
 
@@ -207,11 +207,12 @@ LineupChoice ChooseLineup(const TeamRoster& roster, const LineupRequest& request
     const PlayerRef starter{'P', static_cast<std::int16_t>(request.pitcher)};
     const LineupList* list = StoredLineup(roster, request);
     Nine nine;
-    if (list) nine = FromList(roster, *list, request, choice);
-    SettlePositions(nine, request.dhUsed, starter);
+    nine.starter = starter;
+    if (list) PlaceListed(roster, *list, request, nine, choice.messages);
+    SettlePositions(nine, request.dhUsed);
     for (std::size_t slot = 0; list && slot < 9; ++slot)
         if (nine.man[slot].Nobody()) nine.man[slot] = FirstOfDepth(roster, nine, nine.position[slot]);
-    FillOpen(roster, nine, starter);
+    FillOpen(roster, nine);
     if (!list) OrderByMerit(roster, nine);
     choice.lineup.side = request.side;
     choice.lineup.player = nine.man;

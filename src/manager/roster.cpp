@@ -60,6 +60,17 @@ std::string_view NameOf(const TeamRoster& roster, PlayerRef man) {
     return man.type == 'P' ? roster.pitchers[index].playerName : roster.batters[index].playerName;
 }
 
+bool SamePerson(const TeamRoster& roster, PlayerRef a, PlayerRef b) {
+    if (a.Nobody() || b.Nobody()) return false;
+    if (a == b) return true;
+    const auto key = [&roster](PlayerRef man) -> const std::string& {
+        const auto index = static_cast<std::size_t>(man.index);
+        return man.type == 'P' ? roster.pitchers[index].LahmanPlayerID : roster.batters[index].LahmanPlayerID;
+    };
+    if (!key(a).empty() && !key(b).empty()) return key(a) == key(b);
+    return !NameOf(roster, a).empty() && NameOf(roster, a) == NameOf(roster, b);
+}
+
 const LineupList* FindList(const TeamRoster& roster, char type, Position depth) {
     for (const LineupList& list : roster.lists)
         if (list.LineupType == type && (type != 'D' || PositionFromText(list.DepthType) == depth)) return &list;

@@ -23,6 +23,10 @@ bool CanPlay(const TeamRoster& roster, PlayerRef man);
 
 std::string_view NameOf(const TeamRoster& roster, PlayerRef man);
 
+// Both records belong to one person: one record, one Lahman key, or one name where a key is missing. A pitcher can have
+// a record as starter, as reliever and as batter.
+bool SamePerson(const TeamRoster& roster, PlayerRef a, PlayerRef b);
+
 // The list of a type; for 'D' that of a depth position (C to RF, DH, PH). Null if the team has none.
 const LineupList* FindList(const TeamRoster& roster, char type, Position depth = Position::None);
 LineupList* FindList(TeamRoster& roster, char type, Position depth = Position::None);
