@@ -1,0 +1,55 @@
+#pragma once
+
+#include "manager/pitchersearch.h"
+#include "manager/substitution.h"
+
+namespace tarvane {
+
+// The program as manager of one side in one game: substitutions where state.computer says subs, bunts, steals, extra
+// bases and runs given up where it says game, by the tendencies of the roster. His draws come from a generator of his
+// own, so the same play bundles give the same plays whoever manages. He never orders an intentional walk.
+//
+// He keeps three things that the state of a game doesn't hold: whether a closer is in, whom he sent up or on base for
+// the batter of the moment, and his generator. A game taken up from a save goes on without the first two.
+class ComputerManager final : public Manager {
+  public:
+    ComputerManager(Side side, Random random, ManagerKnowledge knowledge = {})
+        : side_(side), random_(random), knowledge_(std::move(knowledge)) {}
+
+    bool Decide(const GameData& data, const GameState& state, Side side) override;
+    bool BeforePitch(const GameData& data, const GameState& state, Side side, Input& input) override;
+    bool ForcedLineup(const GameData& data, const GameState& state, Side side, LineupInput& lineup) override;
+
+  private:
+    SubsSituation SubsSituationOf(const GameState& state) const;
+    bool ChangePitcher(const GameData& data, const GameState& state, Input& input);
+    bool BattingSubs(const GameData& data, const GameState& state, Input& input);
+    bool SendPinchRunner(const GameData& data, const GameState& state, Input& input);
+    bool SendPinchHitter(const GameData& data, const GameState& state, Input& input);
+    bool Strategy(const GameData& data, const GameState& state, Input& input);
+
+    bool PitcherInReserve(const GameData& data, const GameState& state);
+    bool MayEnter(const GameData& data, const GameState& state, int batter);
+    int FirstOfDepth(const GameData& data, const GameState& state, Position position);
+    bool SlowRunnersOnly(const GameState& state) const;
+    bool Propose(const GameData& data, const GameState& state, const LineupInput& lineup, Input& input);
+
+    PlayerRef ReplacementAt(const GameData& data, const GameState& state, Position position);
+    bool PutPitcherIn(const GameData& data, const GameState& state, LineupInput& lineup);
+    void FillField(const GameData& data, const GameState& state, LineupInput& lineup);
+
+    // The turn at bat for which a pinch hitter or runner went in: the other side's batters faced, and the inning.
+    struct Turn {
+        int battersFaced = -1, inning = 0;
+        friend bool operator==(const Turn&, const Turn&) = default;
+    };
+    static Turn TurnOf(const GameState& state);
+
+    Side side_;
+    Random random_;
+    ManagerKnowledge knowledge_;
+    bool closerIn_ = false;
+    Turn pinchMove_;
+};
+
+}  // namespace tarvane
