@@ -10,9 +10,9 @@ namespace tarvane {
 namespace {
 
 // Reads the columns of a row one after the other.
-class RowReader {
+class StatReader {
   public:
-    explicit RowReader(const Statement& statement, int first = 0) : statement_(statement), next_(first) {}
+    explicit StatReader(const Statement& statement, int first = 0) : statement_(statement), next_(first) {}
     int Int() { return static_cast<int>(statement_.Int(next_++)); }
     double Double() { return statement_.Double(next_++); }
     std::string Text() { return statement_.Text(next_++); }
@@ -43,7 +43,7 @@ std::string SplitColumnList(std::string_view prefix) {
     return list;
 }
 
-SplitLine ReadSplitLine(RowReader& row) {
+SplitLine ReadSplitLine(StatReader& row) {
     SplitLine line;
     for (int SplitLine::*column :
          {&SplitLine::AB, &SplitLine::H, &SplitLine::Doubles, &SplitLine::Triples, &SplitLine::HR, &SplitLine::RBI,
@@ -56,7 +56,7 @@ SplitLine ReadSplitLine(RowReader& row) {
 constexpr std::string_view kKeyColumns = "rowid, playerID, lgID, teamID, KorvTeamID, yearID, stint";
 
 template <class Row>
-void ReadKeys(RowReader& reader, Row& row) {
+void ReadKeys(StatReader& reader, Row& row) {
     row.playerID = reader.Text();
     row.lgID = reader.Text();
     row.teamID = reader.Text();
@@ -81,7 +81,7 @@ std::string PlayerQuery(PlayerTable table) {
 PlayerRow ReadPlayerRow(const Statement& statement, PlayerTable table) {
     PlayerRow row;
     row.rowid = statement.Int(0);
-    RowReader reader(statement, 1);
+    StatReader reader(statement, 1);
     row.playerID = reader.Int();
     row.LahmanPlayerID = reader.Text();
     row.teamID = reader.Text();
@@ -145,7 +145,7 @@ StatisticsTable<LahmanBattingRow> ReadLahmanBatting(Database& season, const std:
     using Row = LahmanBattingRow;
     while (query.Step()) {
         Row row;
-        RowReader reader(query, 1);
+        StatReader reader(query, 1);
         ReadKeys(reader, row);
         for (int Row::*column : {&Row::G, &Row::AB, &Row::R, &Row::H, &Row::Doubles, &Row::Triples, &Row::HR, &Row::RBI,
                                  &Row::SB, &Row::BB}) {
@@ -173,7 +173,7 @@ StatisticsTable<LahmanPitchingRow> ReadLahmanPitching(Database& season, const st
     using Row = LahmanPitchingRow;
     while (query.Step()) {
         Row row;
-        RowReader reader(query, 1);
+        StatReader reader(query, 1);
         ReadKeys(reader, row);
         for (int Row::*column : {&Row::W, &Row::L, &Row::G, &Row::GS, &Row::CG, &Row::SHO, &Row::SV, &Row::IPouts,
                                  &Row::H, &Row::ER, &Row::HR, &Row::BB, &Row::SO}) {
@@ -199,7 +199,7 @@ StatisticsTable<LahmanFieldingRow> ReadLahmanFielding(Database& season, const st
     using Row = LahmanFieldingRow;
     while (query.Step()) {
         Row row;
-        RowReader reader(query, 1);
+        StatReader reader(query, 1);
         ReadKeys(reader, row);
         row.Pos = reader.Text();
         for (double Row::*column : {&Row::G, &Row::PO, &Row::A, &Row::E, &Row::DP, &Row::PB})
@@ -213,7 +213,7 @@ bool ReadEraBaseline(Database& common, std::int32_t eraID, LeagueBaseline& basel
     Statement query = common.Prepare(EraQuery());
     query.Bind(1, std::int64_t{eraID});
     if (!query.Step()) return false;
-    RowReader row(query);
+    StatReader row(query);
     baseline.EraID = row.Int();
     for (double LeagueBaseline::*column :
          {&LeagueBaseline::PAFactor, &LeagueBaseline::CPctPOSO, &LeagueBaseline::BBAvg, &LeagueBaseline::SOAvg,
