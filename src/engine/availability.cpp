@@ -55,12 +55,14 @@ Reject CheckRestedPitcher(const GameData& data, const GameState& state, Side sid
     return InGame(data, state, side, player) ? Reject::None : CheckEntering(data, state, side, player);
 }
 
-bool AnyPitcher(const GameData& data, const GameState& state, Side side, bool restedOnly) {
-    const auto& pitchers = data[side].roster.pitchers;
-    for (std::size_t i = 0; i < pitchers.size() && i < kMaxRosterRecords; ++i) {
-        if (restedOnly && IsResting(pitchers[i], data.dayNumber)) continue;
+// A man who is in the game already, or in the line-up to come, leaves a hole behind if he takes the mound.
+bool AnyPitcher(const GameData& data, const GameState& state, Side side, bool restedOnly, const LineupInput* coming) {
+    const TeamData& team = data[side];
+    for (std::size_t i = 0; i < team.roster.pitchers.size() && i < kMaxRosterRecords; ++i) {
+        if (restedOnly && IsResting(team.roster.pitchers[i], data.dayNumber)) continue;
         const PlayerRef player{'P', static_cast<std::int16_t>(i)};
-        // A man who is in the game already leaves a hole behind if he takes the mound.
+        const auto his = [&](PlayerRef other) { return SameMan(team, other, player); };
+        if (coming && std::any_of(coming->player.begin(), coming->player.end(), his)) continue;
         if (InGame(data, state, side, player)) continue;
         if (CheckRestedPitcher(data, state, side, player) == Reject::None) return true;
     }
@@ -119,11 +121,11 @@ Reject CheckEnteringPitcher(const GameData& data, const GameState& state, Side s
     if (const Reject reject = CheckRestedPitcher(data, state, side, player); reject != Reject::None) return reject;
     const Pitcher& pitcher = data[side].roster.pitchers[static_cast<std::size_t>(player.index)];
     const bool resting = IsResting(pitcher, data.dayNumber);
-    return resting && AnyPitcher(data, state, side, true) ? Reject::Resting : Reject::None;
+    return resting && AnyPitcher(data, state, side, true, nullptr) ? Reject::Resting : Reject::None;
 }
 
-bool PitcherLeft(const GameData& data, const GameState& state, Side side) {
-    return AnyPitcher(data, state, side, false);
+bool PitcherLeft(const GameData& data, const GameState& state, Side side, const LineupInput* coming) {
+    return AnyPitcher(data, state, side, false, coming);
 }
 
 void MarkUsed(TeamState& team, PlayerRef player) {

@@ -36,8 +36,8 @@ Reject CheckEntering(const GameData& data, const GameState& state, Side side, Pl
 // refused only while a rested one is left.
 Reject CheckEnteringPitcher(const GameData& data, const GameState& state, Side side, PlayerRef player);
 
-// At least one man from outside the game may take over as pitcher now.
-bool PitcherLeft(const GameData& data, const GameState& state, Side side);
+// At least one man from outside the game may take over as pitcher now; with a line-up to come, one outside that too.
+bool PitcherLeft(const GameData& data, const GameState& state, Side side, const LineupInput* coming = nullptr);
 
 // Notes that the record has been in the game.
 void MarkUsed(TeamState& team, PlayerRef player);

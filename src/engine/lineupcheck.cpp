@@ -56,7 +56,7 @@ Reject PitcherFits(const GameData& data, const LineupInput& lineup) {
         if (position == Position::P) {
             if (lineup.player[i].type != 'P') return Reject::CannotPitch;
             if (lineup.player[i] != lineup.pitcher) return same ? Reject::DuplicatePlayer : Reject::PitcherMissing;
-        } else if (same && (!data.DHUsed || IsFielder(position))) {
+        } else if (same && position != Position::DH) {
             return Reject::DuplicatePlayer;
         }
     }
@@ -124,7 +124,7 @@ bool LeavesNoPitcher(const GameData& data, const GameState& state, const LineupI
     if (data.DHUsed || lineup.side == state.FieldingSide()) return false;
     const auto& positions = lineup.position;
     if (std::find(positions.begin(), positions.end(), Position::P) != positions.end()) return false;
-    return !PitcherLeft(data, state, lineup.side);
+    return !PitcherLeft(data, state, lineup.side, &lineup);
 }
 
 }  // namespace
