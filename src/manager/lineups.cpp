@@ -202,8 +202,8 @@ bool HasDH(const LineupList& list) {
                        [](const ListSlot& s) { return s.position == Position::DH; });
 }
 
-LineupChoice ChooseLineup(const TeamRoster& roster, const LineupRequest& request) {
-    LineupChoice choice;
+ChosenLineup ChooseLineup(const TeamRoster& roster, const LineupRequest& request) {
+    ChosenLineup choice;
     const PlayerRef starter{'P', static_cast<std::int16_t>(request.pitcher)};
     const LineupList* list = StoredLineup(roster, request);
     Nine nine;

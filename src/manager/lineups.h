@@ -21,7 +21,7 @@ struct StarterRequest {
     bool mayReduceRest = true;     // the computer takes a day off all rests rather than call the game off
 };
 
-struct StarterChoice {
+struct ChosenStarter {
     int pitcher = -1;     // roster index; -1 if nobody can start
     int daysReduced = 0;  // days taken off rests and injuries to find him, for the tables
     std::vector<std::string> messages;
@@ -31,7 +31,7 @@ struct StarterChoice {
 // last starter on. Rests of the roster must be settled (GetPitcherRest). A rotation that can't supply anybody is helped
 // by the other starters of the staff; if all rest, days are taken off the rests and injuries of roster until one is
 // free.
-StarterChoice ChooseStarter(TeamRoster& roster, const StarterRequest& request, const RealUse* real = nullptr);
+ChosenStarter ChooseStarter(TeamRoster& roster, const StarterRequest& request, const RealUse* real = nullptr);
 
 // --- The nine --------------------------------------------------------------------------------------------------------
 
@@ -43,7 +43,7 @@ struct LineupRequest {
     std::int32_t scheduledLineup = 0;  // lineupID fixed for the game; 0 for none
 };
 
-struct LineupChoice {
+struct ChosenLineup {
     LineupInput lineup;
     std::vector<std::string> messages;  // who was replaced
     std::string trouble;                // why no legal nine exists; empty if lineup is one
@@ -52,7 +52,7 @@ struct LineupChoice {
 // The line-up of a computer-managed side: the stored list marked for the hand of the opposing starter and made for the
 // game's kind (DH or not), men who can't play replaced from the depth chart of their position. Without such a list, or
 // where it has holes, the best men by their positions fill up: a healthy nine always gives a legal line-up.
-LineupChoice ChooseLineup(const TeamRoster& roster, const LineupRequest& request);
+ChosenLineup ChooseLineup(const TeamRoster& roster, const LineupRequest& request);
 
 // A list in which the DH bats.
 bool HasDH(const LineupList& list);

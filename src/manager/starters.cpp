@@ -95,8 +95,8 @@ void NameRelievers(const TeamRoster& roster, const Rotation& rotation, Side side
 
 }  // namespace
 
-StarterChoice ChooseStarter(TeamRoster& roster, const StarterRequest& request, const RealUse* real) {
-    StarterChoice choice;
+ChosenStarter ChooseStarter(TeamRoster& roster, const StarterRequest& request, const RealUse* real) {
+    ChosenStarter choice;
     choice.pitcher = ScheduledStarter(roster, request, choice.messages);
     if (choice.pitcher >= 0) return choice;
     const Rotation rotation = RotationFrom(roster, request.lastStarter);

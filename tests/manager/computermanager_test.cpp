@@ -152,7 +152,7 @@ TEST(ComputerManager, ThinAndHurtClubsFinishTheirGames) {
             nine.side = side;
             nine.dhUsed = dh;
             nine.pitcher = ChooseStarter(roster, request).pitcher;
-            const LineupChoice choice = ChooseLineup(roster, nine);
+            const ChosenLineup choice = ChooseLineup(roster, nine);
             playable = playable && choice.trouble.empty();
             lineup[side] = choice.lineup;
             MakeRestingIneffective(roster);

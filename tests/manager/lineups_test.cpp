@@ -28,7 +28,7 @@ TEST(ChooseLineup, TakesTheListOfTheHandAndKind) {
     GenerateComputerManager(roster, {});
     for (const bool dh : {false, true})
         for (const bool left : {false, true}) {
-            const LineupChoice choice = ChooseLineup(roster, RequestOf(dh, left));
+            const ChosenLineup choice = ChooseLineup(roster, RequestOf(dh, left));
             ASSERT_EQ(choice.trouble, "");
             EXPECT_EQ(Faults(roster, choice.lineup, dh), "");
             EXPECT_TRUE(choice.messages.empty());
@@ -50,7 +50,7 @@ TEST(ChooseLineup, ReplacesWhoCannotPlayFromTheDepthChartInHisSlot) {
     const auto catcher =
         std::find(before.position.begin(), before.position.end(), Position::C) - before.position.begin();
     roster.batters[0].injury.InjuredDaysRemaining = 3;
-    const LineupChoice after = ChooseLineup(roster, RequestOf(false, false));
+    const ChosenLineup after = ChooseLineup(roster, RequestOf(false, false));
     EXPECT_EQ(Faults(roster, after.lineup, false), "");
     EXPECT_THAT(after.messages,
                 ::testing::ElementsAre("Batter 1 is inactive and has been replaced by Computer Manager."));
@@ -69,7 +69,7 @@ TEST(ChooseLineup, ScheduledListWinsWhateverItsKind) {
     roster.lists.push_back(fixed);
     LineupRequest request = RequestOf(false, false);
     request.scheduledLineup = 77;
-    const LineupChoice choice = ChooseLineup(roster, request);
+    const ChosenLineup choice = ChooseLineup(roster, request);
     EXPECT_EQ(Faults(roster, choice.lineup, false), "");
     for (std::size_t slot = 0; slot < 9; ++slot)
         EXPECT_EQ(choice.lineup.position[slot],
@@ -83,7 +83,7 @@ TEST(ChooseLineup, WithoutListsTheMenStandWhereTheyCan) {
     roster.batters[0] = testing::MakeBatter(1, {Position::B1, Position::C}, 45);
     roster.batters[1].Inactive = true;
     roster.batters[11].Inactive = true;
-    const LineupChoice choice = ChooseLineup(roster, RequestOf(true, true));
+    const ChosenLineup choice = ChooseLineup(roster, RequestOf(true, true));
     EXPECT_EQ(Faults(roster, choice.lineup, true), "");
     for (std::size_t slot = 0; slot < 9; ++slot) {
         const Position at = choice.lineup.position[slot];
@@ -101,7 +101,7 @@ TEST(ChooseLineup, WithoutListsTheMenStandWhereTheyCan) {
 TEST(ChooseLineup, EightHealthyMenGetAPitcherAndSevenWithoutOneAreTold) {
     TeamRoster roster = MakeRoster();
     roster.batters.resize(8);
-    LineupChoice choice = ChooseLineup(roster, RequestOf(true, false));
+    ChosenLineup choice = ChooseLineup(roster, RequestOf(true, false));
     EXPECT_EQ(Faults(roster, choice.lineup, true), "");
     EXPECT_EQ(ChooseLineup(roster, RequestOf(false, false)).trouble, "");
     roster.pitchers.resize(1);
@@ -126,7 +126,7 @@ TEST(ChooseLineup, RandomClubsAlwaysGetALegalNine) {
         const bool dh = random.Below(2) == 0;
         int healthy = 0;
         for (const Batter& batter : roster.batters) healthy += CanPlay(batter) ? 1 : 0;
-        const LineupChoice choice = ChooseLineup(roster, RequestOf(dh, random.Below(2) == 0));
+        const ChosenLineup choice = ChooseLineup(roster, RequestOf(dh, random.Below(2) == 0));
         if (healthy < (dh ? 9 : 8)) continue;
         ++played;
         ASSERT_EQ(choice.trouble, "");
@@ -145,7 +145,7 @@ StarterRequest After(std::int32_t last, int day = 100) {
 }
 
 std::int32_t StarterID(TeamRoster& roster, const StarterRequest& request, const RealUse* real = nullptr) {
-    const StarterChoice choice = ChooseStarter(roster, request, real);
+    const ChosenStarter choice = ChooseStarter(roster, request, real);
     return choice.pitcher < 0 ? 0 : roster.pitchers[static_cast<std::size_t>(choice.pitcher)].playerID;
 }
 
@@ -178,7 +178,7 @@ TEST_F(RotationWalk, RelieverInTheRotationIsNamedAndPassedOver) {
     Man(101).pitcherType = 'R';
     StarterRequest request = After(0);
     request.side = Side::Home;
-    const StarterChoice choice = ChooseStarter(roster, request);
+    const ChosenStarter choice = ChooseStarter(roster, request);
     EXPECT_EQ(roster.pitchers[static_cast<std::size_t>(choice.pitcher)].playerID, 102);
     ASSERT_EQ(choice.messages.size(), 1U);
     EXPECT_THAT(choice.messages[0],
@@ -195,7 +195,7 @@ TEST_F(RotationWalk, ScheduledStarterGoesFirstIfHeCan) {
     Man(104).PitcherRestDays = 4, Man(104).PitchedOnDay = 99;
     EXPECT_EQ(StarterID(roster, request), 102);
     request.scheduledStarter = 112;
-    const StarterChoice choice = ChooseStarter(roster, request);
+    const ChosenStarter choice = ChooseStarter(roster, request);
     EXPECT_EQ(roster.pitchers[static_cast<std::size_t>(choice.pitcher)].playerID, 102);
     EXPECT_THAT(choice.messages.front(),
                 HasSubstr("Visitor Lineups - Starting pitcher in scheduled lineup Pitcher 112 is reliever"));
@@ -229,7 +229,7 @@ TEST_F(RotationWalk, SpareStarterBeforeAManWithoutRestThenDaysComeOff) {
     Man(120).Inactive = true;
     StarterRequest request = After(101);
     request.mayReduceRest = false;
-    StarterChoice choice = ChooseStarter(roster, request);
+    ChosenStarter choice = ChooseStarter(roster, request);
     EXPECT_EQ(choice.pitcher, -1);
     EXPECT_THAT(choice.messages.back(), HasSubstr("cannot resolve Starting Pitcher"));
     request.mayReduceRest = true;
