@@ -89,8 +89,10 @@ constexpr std::array<OutcomeRow, kTrials> kOutcomes{{
      Earned(Go(kStays, kStays, kScores, kStays), Earns::VisitorOnly), As(Go(kStays, kStays, k3B, kStays), Becomes::F),
      As(Go(kStays, kStays, kOut, kStays), Becomes::FUnlessRunScored),
      As(Go(kStays, kStays, kOut, kStays), Becomes::F)},  // (SF), second
-    {Go(kStays, k2B, kStays, kStays), Go(kStays, k2B, kStays, kStays), Go(kStays, k3B, kStays, kStays),
-     As(Go(kStays, k2B, kStays, kStays), Becomes::F), As(Go(kStays, kOut, kStays, kStays), Becomes::FUnlessRunScored),
+    // The man who went to third first goes home on the wild throw behind him, as he would have from second.
+    {Go(kStays, k2B, kStays, kStays), Go(kStays, k2B, kStays, kStays),
+     Earned(Go(kStays, k3B, kStays, kScores), Earns::VisitorOnly), As(Go(kStays, k2B, kStays, kStays), Becomes::F),
+     As(Go(kStays, kOut, kStays, kStays), Becomes::FUnlessRunScored),
      As(Go(kStays, kOut, kStays, kStays), Becomes::F)},  // (SF), first
     {As(Run(Go(kStays, kStays, kStays, kScores)), Becomes::SF), As(Run(Go(kStays, k2B, k3B, kScores)), Becomes::SF),
      As(Run(Go(kStays, k2B, k3B, kScores)), Becomes::SF), Go(kStays, kStays, kStays, kScores),

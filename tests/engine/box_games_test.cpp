@@ -253,5 +253,28 @@ TEST(BoxGames, EveryManIsAccountedForInRandomGames) {
     EXPECT_GT(walkOffs, 5);
 }
 
+// Two men were sent on a fly, one after the other; the throw behind the second goes wild.
+TEST(BoxGames, WildThrowBehindTheSecondManSendsTheFirstHome) {
+    GameData data = fixture::MakeGameData();
+    for (GameChartRow& row : data.charts.MgrDec) row.cell = fixture::Everywhere("E", kGreenWord);
+    CompileGameData(data);
+    GameState state = fixture::FirstPitch(data);
+    state.sheet = SheetCode::M;
+    state.Outs = 1;
+    state.play.PlayResult = Result::SFDecision;
+    state.play.extraBase = ExtraBaseCase::First;
+    state.play.FieldedBy = Position::CF;
+    state.play.MDRow = 1;
+    TeamState& team = state[Side::Visitor];
+    team.BatterSlot = 4;
+    team.runner[3].slot = 2;  // he went there from second
+    team.runner[1].slot = 3;
+    state[Side::Home].box.pitching[0].RunnersCharged = 2;
+    ASSERT_EQ(Advance(data, state, RollInput{20, {}}), Reject::None);
+    EXPECT_EQ(team.Runs, 1);
+    EXPECT_EQ(team.runner[3].slot, 3);
+    EXPECT_EQ(StateOk(data, state), "");
+}
+
 }  // namespace
 }  // namespace tarvane
