@@ -9,8 +9,8 @@
 #include "base/rounding.h"
 #include "data/seasons.h"
 #include "import/lahmansource.h"
+#include "import/playerimages.h"
 #include "import/retrosplits.h"
-#include "import/teamtables.h"
 #include "ratings/generators.h"
 
 namespace tarvane {

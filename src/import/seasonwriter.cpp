@@ -8,9 +8,10 @@
 #include "base/csv.h"
 #include "base/file.h"
 #include "base/text.h"
+#include "data/lineups.h"
+#include "data/teams.h"
 #include "import/roster.h"
 #include "import/teamcolors.h"
-#include "import/teamtables.h"
 #include "records/player.h"
 
 namespace tarvane {
