@@ -7,7 +7,7 @@ namespace tarvane::sample {
 namespace {
 
 // The league's chances of a turn at bat that ends with a swing, for the average regular against the average pitcher.
-constexpr double kWalk = 0.0715, kHitBatsman = 0.0053, kStrikeout = 0.117, kSingle = 0.1735, kDouble = 0.0372,
+constexpr double kWalk = 0.0715, kHitBatsman = 0.0053, kStrikeout = 0.117, kSingle = 0.1755, kDouble = 0.0372,
                  kTriple = 0.0062, kHomer = 0.0178;
 constexpr double kInPlayOut = 1 - kWalk - kHitBatsman - kStrikeout - kSingle - kDouble - kTriple - kHomer;
 constexpr double kHomeEdge = 1.015;  // the home team hits a little better

@@ -90,7 +90,7 @@ void DrawBatter(Random& random, Player& player, const Job& job, double clubBat) 
     const double quality = job.bat + clubBat + 0.035 * Normal(random);
     const double power = shape.power + 2.2 * quality;
     bat.speed = std::clamp(0.5 + shape.speed + 0.18 * Normal(random), 0.02, 0.98);
-    bat.single = std::max(0.83, Factor(random, 0.075, shape.hit + quality + 0.06 * (bat.speed - 0.5)));
+    bat.single = std::clamp(Factor(random, 0.075, shape.hit + quality + 0.06 * (bat.speed - 0.5)), 0.83, 1.22);
     bat.twoBase = Factor(random, 0.21, shape.hit + quality + 0.08 * shape.power);
     bat.threeBase = Factor(random, 0.27, 1.5 * (bat.speed - 0.5) + quality - 0.06);
     bat.homer = std::min(Factor(random, 0.55, power - 0.20), 2.35);

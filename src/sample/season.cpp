@@ -217,9 +217,9 @@ class Season {
     // A few men of about the same job change clubs within their league.
     void Trade() {
         for (int i = 0; i < kTrades; ++i) {
-            const std::size_t a = random_.Below(static_cast<std::uint32_t>(league_.clubs.size()));
-            const std::size_t b = random_.Below(static_cast<std::uint32_t>(league_.clubs.size()));
-            if (a == b || league_.clubs[a].american != league_.clubs[b].american) continue;
+            const std::size_t a = random_.Below(2 * kLeagueClubs);
+            const std::size_t b =
+                a / kLeagueClubs * kLeagueClubs + (a + 1 + random_.Below(kLeagueClubs - 1)) % kLeagueClubs;
             const bool pitchers = i % 2 == 0;
             auto& listA = pitchers ? league_.clubs[a].pitchers : league_.clubs[a].batters;
             auto& listB = pitchers ? league_.clubs[b].pitchers : league_.clubs[b].batters;
