@@ -128,7 +128,9 @@ void WriteTeam(SeasonTables& tables, const LahmanTeam& team, const ImportSetting
                const DataPaths& paths) {
     const std::string shortName = ShortName(team.name);
     const TeamColors colors = settings.setTeamColors ? ColorsOf(team.franchID) : kPlainColors;
-    const auto park = parks.find({team.yearID, team.lgID, team.LahmanTeamID});
+    auto park = parks.find({team.yearID, team.lgID, team.LahmanTeamID});
+    // A club whose park isn't known plays in the one for any club: without a park it couldn't play at all.
+    if (park == parks.end()) park = parks.find({0, "", ""});
     Recordset& row = tables.teams;
     row.AddNew();
     row.Set("teamID", team.KorvTeamID);
