@@ -8,7 +8,7 @@ namespace tarvane {
 
 namespace {
 
-// The line-up under repair. A man can be taken once, whatever the state still says about him.
+// The line-up under repair. A man can be taken once; one who has just been taken out of the order is out of the game.
 struct Repair {
     const GameData& data;
     const GameState& state;
@@ -18,15 +18,19 @@ struct Repair {
 
     bool Taken(PlayerRef man) const {
         const auto same = [&](PlayerRef other) { return SameMan(team(), man, other); };
-        return same(lineup.pitcher) || std::any_of(lineup.player.begin(), lineup.player.end(), same);
+        const auto& order = state[lineup.side].lineup;
+        return same(lineup.pitcher) || std::any_of(lineup.player.begin(), lineup.player.end(), same) ||
+               std::any_of(order.begin(), order.end(), [&](const LineupSlot& slot) { return same(slot.player); });
     }
 };
 
-bool HasPlace(Position position) { return IsFielder(position) || position == Position::DH; }
+bool HasPlace(Position position) {
+    return IsFielder(position) || position == Position::DH;
+}
 
 int RecordsOf(const TeamRoster& roster, char type) {
-    return static_cast<int>(std::min<std::size_t>(
-        type == 'P' ? roster.pitchers.size() : roster.batters.size(), kMaxRosterRecords));
+    return static_cast<int>(
+        std::min<std::size_t>(type == 'P' ? roster.pitchers.size() : roster.batters.size(), kMaxRosterRecords));
 }
 
 bool RatedAt(const TeamRoster& roster, PlayerRef man, Position position) {
@@ -75,25 +79,7 @@ bool NeedsPitcher(const Repair& repair) {
            std::find(lineup.position.begin(), lineup.position.end(), Position::P) == lineup.position.end();
 }
 
-// Where the new pitcher bats: in the old one's slot, or in that of the man who batted for him.
-std::size_t PitchersSlot(const LineupInput& lineup) {
-    for (const bool open : {false, true})
-        for (std::size_t i = 0; i < lineup.position.size(); ++i)
-            if (open ? !HasPlace(lineup.position[i]) : lineup.position[i] == Position::P) return i;
-    return 0;
-}
-
-bool BringPitcher(Repair& repair) {
-    const PlayerRef man = FirstReliever(repair);
-    if (man.Nobody()) return false;
-    repair.lineup.pitcher = man;
-    if (repair.data.DHUsed) return true;
-    const std::size_t slot = PitchersSlot(repair.lineup);
-    repair.lineup.player[slot] = man;
-    repair.lineup.position[slot] = Position::P;
-    return true;
-}
-
+// The places in the field, and the DH's, that nobody in the order holds; the pitcher's is looked at apart.
 std::vector<Position> OpenPositions(const Repair& repair) {
     std::vector<Position> open;
     for (int p = static_cast<int>(Position::C); p <= static_cast<int>(Position::DH); ++p) {
@@ -103,6 +89,38 @@ std::vector<Position> OpenPositions(const Repair& repair) {
         if (std::find(stand.begin(), stand.end(), position) == stand.end()) open.push_back(position);
     }
     return open;
+}
+
+bool FitsAnOpenPosition(const Repair& repair, PlayerRef man) {
+    const std::vector<Position> open = OpenPositions(repair);
+    return std::any_of(open.begin(), open.end(),
+                       [&](Position position) { return RatedAt(repair.team().roster, man, position); });
+}
+
+// Where the new pitcher bats: in the old one's slot, or in that of a man without a place, if it can be one whom no open
+// position needs.
+std::size_t PitchersSlot(const Repair& repair) {
+    const LineupInput& lineup = repair.lineup;
+    const auto pitchers = std::find(lineup.position.begin(), lineup.position.end(), Position::P);
+    if (pitchers != lineup.position.end()) return static_cast<std::size_t>(pitchers - lineup.position.begin());
+    std::size_t open = 0;
+    for (std::size_t i = lineup.position.size(); i-- > 0;) {
+        if (HasPlace(lineup.position[i])) continue;
+        open = i;
+        if (lineup.player[i].Nobody() || !FitsAnOpenPosition(repair, lineup.player[i])) return i;
+    }
+    return open;
+}
+
+bool BringPitcher(Repair& repair) {
+    const PlayerRef man = FirstReliever(repair);
+    if (man.Nobody()) return false;
+    repair.lineup.pitcher = man;
+    if (repair.data.DHUsed) return true;
+    const std::size_t slot = PitchersSlot(repair);
+    repair.lineup.player[slot] = man;
+    repair.lineup.position[slot] = Position::P;
+    return true;
 }
 
 // The man hurt is replaced at his own position.

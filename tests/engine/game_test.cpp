@@ -103,7 +103,10 @@ class CheckedGame {
             ++changes;
             Take(RollInput{20, {}}, false);
             LineupInput lineup;
-            ASSERT_TRUE(ManagerOf(state.awaited.side).ForcedLineup(data, state, state.awaited.side, lineup));
+            ASSERT_TRUE(ManagerOf(state.awaited.side).ForcedLineup(data, state, state.awaited.side, lineup))
+                << "cause " << static_cast<int>(state.awaited.cause) << " position "
+                << PositionText(state.awaited.position) << ", pitchers used "
+                << int{state[state.awaited.side].box.PitchersUsed};
             Take(lineup, true);
         } else {
             Order(state.FieldingSide());
