@@ -99,6 +99,12 @@ class Auditor {
   private:
     void ReadPitcherRows();
     void ReadBatterRows();
+    // A man can stand in both tables; who pitched in half of his games bats by his pitcher's chart.
+    bool BatsAsPitcher(const std::string& LahmanPlayerID, const std::string& team) const {
+        const LahmanPitchingRow* pitched = pitching_.First(LahmanPlayerID, team);
+        const LahmanBattingRow* batted = batting_.First(LahmanPlayerID, team);
+        return pitched != nullptr && (batted == nullptr || pitched->G * 2 >= batted->G);
+    }
     void AddReal(std::map<int, LeagueAudit>& leagues) const;
     void AddCharts(std::map<int, LeagueAudit>& leagues, const AuditSettings& settings) const;
     static std::vector<LeagueAudit> Finish(std::map<int, LeagueAudit>& leagues);
@@ -138,7 +144,8 @@ void Auditor::ReadPitcherRows() {
         if (line != nullptr) {
             charts.emplace_back(key, lgIdx, hand, WeightsOfPitchingChart(pitch), line->BFP.value_or(line->G * 30));
         }
-        if (const LahmanBattingRow* own = batting_.First(query.Text(0), team)) {
+        const LahmanBattingRow* own = batting_.First(query.Text(0), team);
+        if (own != nullptr && BatsAsPitcher(query.Text(0), team)) {
             Meetings m{lgIdx,
                        RealPA(*own),
                        0,
@@ -171,7 +178,7 @@ void Auditor::ReadBatterRows() {
         const std::string team = query.Text(1);
         leagueOf_.emplace(team, static_cast<int>(query.Int(2)));
         const LahmanBattingRow* line = batting_.First(query.Text(0), team);
-        if (line == nullptr) continue;
+        if (line == nullptr || BatsAsPitcher(query.Text(0), team)) continue;
         int column = 5;
         Meetings m;
         m.lgIdx = static_cast<int>(query.Int(2));

@@ -17,7 +17,7 @@
 namespace tarvane {
 namespace {
 
-const LeagueBaseline kLeague = test::SampleLeague();
+const LeagueBaseline kLayoutLeague = test::SampleLeague();
 
 int WeightOf(const ChartCells& cells, std::string_view text, std::int32_t color) {
     int weight = 0;
@@ -174,7 +174,7 @@ TEST(BatterChart, ThousandsOfRandomLinesGiveWholeCharts) {
         mix.LeftOuts = 1 + i % 40;
         mix.RightOuts = 70;
         GenerateSplitRow(line, i % 2 == 0 ? kLeftHand : kRightHand, mix, {}, random);
-        const BatterDerivation d = DeriveBatter(line, kLeague, {}, i % 7, random);
+        const BatterDerivation d = DeriveBatter(line, kLayoutLeague, {}, i % 7, random);
         ASSERT_NO_FATAL_FAILURE(CheckBattingChart(d.charts.vsL, true)) << i;
         ASSERT_NO_FATAL_FAILURE(CheckBattingChart(d.charts.vsR, false)) << i;
     }
@@ -207,10 +207,10 @@ TEST(BatterChart, TheWeightsAskedForComeOutOnAverage) {
     BattingChances sum;
     constexpr int kCharts = 2000;
     for (int i = 0; i < kCharts; ++i) {
-        const BattingChances c = DeriveBatter(line, kLeague, {}, 2, random).charts.vsR.chances;
+        const BattingChances c = DeriveBatter(line, kLayoutLeague, {}, 2, random).charts.vsR.chances;
         sum.Singles += c.Singles, sum.Doubles += c.Doubles, sum.HR += c.HR, sum.SO += c.SO, sum.BBorHBP += c.BBorHBP;
     }
-    const BattingCounts n = DeriveBatter(line, kLeague, {}, 2, random).vsR.counts;
+    const BattingCounts n = DeriveBatter(line, kLayoutLeague, {}, 2, random).vsR.counts;
     EXPECT_NEAR(sum.HR * 216 / kCharts, n.nHR, 1);
     EXPECT_NEAR(sum.Doubles * 216 / kCharts, n.n2B, 1.5);
     EXPECT_NEAR(sum.Singles * 216 / kCharts, n.n1B + 2.5, 2);  // five tolerances
@@ -271,7 +271,7 @@ TEST(PitchingChart, ThousandsOfRandomLines) {
     for (int i = 0; i < 6000; ++i) {
         const LahmanPitchingRow line = test::RandomPitchingLine(random);
         const LahmanBattingRow batting = test::RandomBattingLine(random);
-        const PitcherDerivation d = DerivePitcher(line, i % 3 == 0 ? nullptr : &batting, kLeague, {}, random);
+        const PitcherDerivation d = DerivePitcher(line, i % 3 == 0 ? nullptr : &batting, kLayoutLeague, {}, random);
         const ChartCells& cells = d.chart.cells;
         for (int roll = 10; roll <= 15; ++roll)
             ASSERT_EQ(cells[static_cast<std::size_t>(roll - 10)], (ChartCell{"D", kGreenWord}));
@@ -323,8 +323,8 @@ TEST(PitcherAtBat, FlatPlanAndStockChart) {
     LahmanPitchingRow line;
     line.G = 30, line.IPouts = 600, line.H = 180, line.SO = 120, line.BB = 60, line.BFP = 830;
     Random random(1), other(2);
-    const PitcherDerivation d = DerivePitcher(line, &batting, kLeague, {}, random);
-    const PitcherDerivation e = DerivePitcher(line, &batting, kLeague, {}, other);
+    const PitcherDerivation d = DerivePitcher(line, &batting, kLayoutLeague, {}, random);
+    const PitcherDerivation e = DerivePitcher(line, &batting, kLayoutLeague, {}, other);
     EXPECT_FALSE(d.stockBatting);
     EXPECT_DOUBLE_EQ(d.batChart.chances.Singles, 29 / 216.0);  // asked for, not placed
     // No draw decides where his hits go.
@@ -335,7 +335,7 @@ TEST(PitcherAtBat, FlatPlanAndStockChart) {
     }
     EXPECT_EQ(WeightOf(d.batChart.cells, "DP", kRedWord), 0);
 
-    const PitcherDerivation stock = DerivePitcher(line, nullptr, kLeague, {}, random);
+    const PitcherDerivation stock = DerivePitcher(line, nullptr, kLayoutLeague, {}, random);
     const BattingChances held = ChancesOf(stock.batChart.cells);
     EXPECT_DOUBLE_EQ(held.Singles, stock.batChart.chances.Singles);
     EXPECT_DOUBLE_EQ(held.Doubles, stock.batChart.chances.Doubles);
@@ -343,7 +343,7 @@ TEST(PitcherAtBat, FlatPlanAndStockChart) {
     EXPECT_DOUBLE_EQ(stock.batChart.chances.SO, 88 / 216.0);
     EXPECT_EQ(stock.control.BBRating, 40);
     batting.H = batting.Doubles = batting.HR = 0;
-    EXPECT_TRUE(DerivePitcher(line, &batting, kLeague, {}, random).stockBatting);
+    EXPECT_TRUE(DerivePitcher(line, &batting, kLayoutLeague, {}, random).stockBatting);
 }
 
 TEST(Derivation, ASeedGivesItsCharts) {
@@ -352,7 +352,7 @@ TEST(Derivation, ASeedGivesItsCharts) {
     line.vsLeft.AB = 120, line.vsLeft.H = 35, line.vsLeft.HR = 5, line.vsRight.AB = 280, line.vsRight.H = 70;
     const auto charts = [&](std::uint64_t seed) {
         Random random(seed);
-        const BatterDerivation d = DeriveBatter(line, kLeague, {}, 3, random);
+        const BatterDerivation d = DeriveBatter(line, kLayoutLeague, {}, 3, random);
         return std::pair(d.charts.vsL.cells, d.charts.vsR.cells);
     };
     EXPECT_EQ(charts(1), charts(1));
@@ -364,7 +364,7 @@ TEST(Explain, ChartsAndWeightsInText) {
     line.AB = 300;
     line.vsLeft.AB = 12, line.vsLeft.H = 3, line.vsRight.AB = 0;
     Random random(1);
-    const BatterDerivation d = DeriveBatter(line, kLeague, {}, 3, random);
+    const BatterDerivation d = DeriveBatter(line, kLayoutLeague, {}, 3, random);
     const std::string text = ChartText({{"vsL", &d.charts.vsL.cells}, {"vsR", &d.charts.vsR.cells}});
     EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 31);
     EXPECT_NE(text.find("\n  34     18  "), std::string::npos);
