@@ -79,10 +79,10 @@ TEST(Database, ColumnTypesShapeWhatIsStored) {
     const std::string before = rs.GetText("Name");
     for (const auto& [field, value] : std::vector<std::pair<std::string, Value>>{
              {"Age", 256}, {"Age", -1}, {"2B", 32768}, {"2B", -32769.0}, {"Pay", 1e12}, {"Pay", 1e300}})
-        EXPECT_EQ(NumberOf([&] { rs.Set(field, value); }), DatabaseError::kOverflow) << field;
+        EXPECT_EQ(NumberOf([&, f = field, v = value] { rs.Set(f, v); }), DatabaseError::kOverflow) << field;
     for (const auto& [field, value] : std::vector<std::pair<std::string, Value>>{
              {"Age", "old"}, {"Avg", ""}, {"Born", "8/31/1935"}, {"Born", "1935-13-01"}, {"Avg", NAN}})
-        EXPECT_EQ(NumberOf([&] { rs.Set(field, value); }), DatabaseError::kDataType) << field;
+        EXPECT_EQ(NumberOf([&, f = field, v = value] { rs.Set(f, v); }), DatabaseError::kDataType) << field;
     EXPECT_THAT(MessageOf([&] { rs.Set("Age", 256); }), testing::HasSubstr("Players.Age: 256 is outside"));
     rs.Set("Avg", Value{});
     rs.Update();

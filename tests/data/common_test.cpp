@@ -8,8 +8,6 @@
 
 namespace tarvane {
 
-namespace {
-
 struct CommonTest : testing::Test {
     TestDatabase common{TableHome::Common};
     LeagueRules rules;
@@ -26,8 +24,6 @@ struct CommonTest : testing::Test {
                                  {"PAFactor", 0.9}});
     }
 };
-
-}  // namespace
 
 TEST_F(CommonTest, ParksAndTheirBaseline) {
     AddYear(19750, "1975 Combined", 1975, 0, 0, 0.25);

@@ -7,8 +7,6 @@
 
 namespace tarvane {
 
-namespace {
-
 using Fields = std::vector<std::pair<std::string, Value>>;
 
 struct PlayersTest : testing::Test {
@@ -29,8 +27,6 @@ struct PlayersTest : testing::Test {
         return names;
     }
 };
-
-}  // namespace
 
 TEST_F(PlayersTest, DefaultsForWhatIsNotThere) {
     const Batter batter = Only({{"playerName", "Al Bo  "},

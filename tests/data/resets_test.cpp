@@ -13,8 +13,6 @@ namespace tarvane {
 
 namespace fs = std::filesystem;
 
-namespace {
-
 struct ResetsTest : testing::Test {
     TestDatabase season{TableHome::Season};
     LeagueRules rules;
@@ -39,8 +37,6 @@ struct ResetsTest : testing::Test {
         return season.db.OpenRecordset(table).GetInt(field, -99);
     }
 };
-
-}  // namespace
 
 TEST_F(ResetsTest, Streaks) {
     season.Add("KorvTeams", {{"teamID", "A"}, {"WinLossStreak", "L"}});

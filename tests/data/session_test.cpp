@@ -13,8 +13,6 @@ namespace tarvane {
 
 namespace fs = std::filesystem;
 
-namespace {
-
 struct SessionTest : testing::Test {
     TempFolder folder;
     MessageList messages;
@@ -58,8 +56,6 @@ struct SessionTest : testing::Test {
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-
-}  // namespace
 
 TEST_F(SessionTest, StartsWithoutASeasonAndWithOne) {
     Session session(messages);

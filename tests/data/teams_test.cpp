@@ -7,8 +7,6 @@
 
 namespace tarvane {
 
-namespace {
-
 struct TeamsTest : testing::Test {
     TestDatabase season{TableHome::Season};
     LeagueRules rules;
@@ -20,8 +18,6 @@ struct TeamsTest : testing::Test {
         }
     }
 };
-
-}  // namespace
 
 TEST_F(TeamsTest, ListAndTournamentOverlay) {
     EXPECT_TRUE(LoadTeamList(season.db, rules).empty());
