@@ -60,7 +60,7 @@ class Game {
     void BookPitching(std::size_t sideIndex);
     std::size_t WinningOuting() const;
 
-    // One turn at bat and what can happen before it (play.cpp).
+    // One turn at bat and what can happen before it (play.cpp; balls in play in fielding.cpp).
     void TurnAtBat();
     bool TrySteal();
     void StealSecond(bool safe);
