@@ -48,7 +48,9 @@ Database Installation::OpenSeason(const std::string& name) {
 
 TerminalProgress::TerminalProgress() : terminal_(isatty(STDERR_FILENO) != 0) {}
 
-TerminalProgress::~TerminalProgress() { Clear(); }
+TerminalProgress::~TerminalProgress() {
+    Clear();
+}
 
 bool TerminalProgress::Report(std::string_view what, int done, int total) {
     if (!terminal_) return true;

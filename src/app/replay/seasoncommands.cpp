@@ -65,7 +65,12 @@ ImportRequest RequestOf(const Context& context, const Options& options) {
         throw UserError("option --pa-factor takes a number between 0 and 1");
     request.retro = options.Has("--retro");
     request.seed = options.Seed().value_or(1);
-    request.generateManagers = GenerateSeasonManagers;
+    request.generateManagers = [](Database& season, const LineupChoice& lineups, Progress* progress) {
+        GenerateOptions choice;
+        choice.lineups = lineups.both ? DHLists::Both : lineups.includeDH ? DHLists::DH : DHLists::NoDH;
+        choice.basedOnUsage = lineups.basedOnUsage;
+        GenerateSeasonManagers(season, choice, progress);
+    };
     return request;
 }
 
