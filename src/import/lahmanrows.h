@@ -26,21 +26,21 @@ struct SpellKey {
     friend bool operator==(const SpellKey&, const SpellKey&) = default;
 };
 
-struct BattingLine : SpellKey {
+struct LahmanBattingLine : SpellKey {
     Count G, AB, R, H, Doubles, Triples, HR, RBI, SB, CS, BB, SO, IBB, HBP, SH, SF, GIDP;
-    friend bool operator==(const BattingLine&, const BattingLine&) = default;
+    friend bool operator==(const LahmanBattingLine&, const LahmanBattingLine&) = default;
 };
 
-struct PitchingLine : SpellKey {
+struct LahmanPitchingLine : SpellKey {
     Count W, L, G, GS, CG, SHO, SV, IPouts, H, ER, HR, BB, SO, IBB, WP, HBP, BK, BFP, GF, R;
     std::optional<double> BAOpp, ERA;
-    friend bool operator==(const PitchingLine&, const PitchingLine&) = default;
+    friend bool operator==(const LahmanPitchingLine&, const LahmanPitchingLine&) = default;
 };
 
-struct FieldingLine : SpellKey {
+struct LahmanFieldingLine : SpellKey {
     std::string POS;
     Count G, PO, A, E, DP, PB;
-    friend bool operator==(const FieldingLine&, const FieldingLine&) = default;
+    friend bool operator==(const LahmanFieldingLine&, const LahmanFieldingLine&) = default;
 };
 
 // Games in left, center and right field; the source names no club.
@@ -65,9 +65,9 @@ struct PersonLine {
 // The rows of some years, each table in its order: by year, club, player and spell; fielding by games downwards within
 // the spell, then by position. It is the same whatever the order of the source was.
 struct LahmanTables {
-    std::vector<BattingLine> Batting;
-    std::vector<PitchingLine> Pitching;
-    std::vector<FieldingLine> Fielding;
+    std::vector<LahmanBattingLine> Batting;
+    std::vector<LahmanPitchingLine> Pitching;
+    std::vector<LahmanFieldingLine> Fielding;
     std::vector<OutfieldLine> FieldingOF;
     std::vector<OutfieldSplitLine> FieldingOFSplit;
     std::vector<PersonLine> Master;  // those who batted or pitched in these years, by playerID

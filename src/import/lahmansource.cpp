@@ -19,27 +19,27 @@ struct CountColumn {
     Count Line::*field;
 };
 
-constexpr CountColumn<BattingLine> kBattingCounts[]{
-    {"G", &BattingLine::G},        {"AB", &BattingLine::AB},      {"R", &BattingLine::R},   {"H", &BattingLine::H},
-    {"2B", &BattingLine::Doubles}, {"3B", &BattingLine::Triples}, {"HR", &BattingLine::HR}, {"RBI", &BattingLine::RBI},
-    {"SB", &BattingLine::SB},      {"CS", &BattingLine::CS},      {"BB", &BattingLine::BB}, {"SO", &BattingLine::SO},
-    {"IBB", &BattingLine::IBB},    {"HBP", &BattingLine::HBP},    {"SH", &BattingLine::SH}, {"SF", &BattingLine::SF},
-    {"GIDP", &BattingLine::GIDP}};
+constexpr CountColumn<LahmanBattingLine> kBattingCounts[]{
+    {"G", &LahmanBattingLine::G},        {"AB", &LahmanBattingLine::AB},      {"R", &LahmanBattingLine::R},   {"H", &LahmanBattingLine::H},
+    {"2B", &LahmanBattingLine::Doubles}, {"3B", &LahmanBattingLine::Triples}, {"HR", &LahmanBattingLine::HR}, {"RBI", &LahmanBattingLine::RBI},
+    {"SB", &LahmanBattingLine::SB},      {"CS", &LahmanBattingLine::CS},      {"BB", &LahmanBattingLine::BB}, {"SO", &LahmanBattingLine::SO},
+    {"IBB", &LahmanBattingLine::IBB},    {"HBP", &LahmanBattingLine::HBP},    {"SH", &LahmanBattingLine::SH}, {"SF", &LahmanBattingLine::SF},
+    {"GIDP", &LahmanBattingLine::GIDP}};
 
-constexpr CountColumn<PitchingLine> kPitchingCounts[]{{"W", &PitchingLine::W},   {"L", &PitchingLine::L},
-                                                      {"G", &PitchingLine::G},   {"GS", &PitchingLine::GS},
-                                                      {"CG", &PitchingLine::CG}, {"SHO", &PitchingLine::SHO},
-                                                      {"SV", &PitchingLine::SV}, {"IPouts", &PitchingLine::IPouts},
-                                                      {"H", &PitchingLine::H},   {"ER", &PitchingLine::ER},
-                                                      {"HR", &PitchingLine::HR}, {"BB", &PitchingLine::BB},
-                                                      {"SO", &PitchingLine::SO}, {"IBB", &PitchingLine::IBB},
-                                                      {"WP", &PitchingLine::WP}, {"HBP", &PitchingLine::HBP},
-                                                      {"BK", &PitchingLine::BK}, {"BFP", &PitchingLine::BFP},
-                                                      {"GF", &PitchingLine::GF}, {"R", &PitchingLine::R}};
+constexpr CountColumn<LahmanPitchingLine> kPitchingCounts[]{{"W", &LahmanPitchingLine::W},   {"L", &LahmanPitchingLine::L},
+                                                      {"G", &LahmanPitchingLine::G},   {"GS", &LahmanPitchingLine::GS},
+                                                      {"CG", &LahmanPitchingLine::CG}, {"SHO", &LahmanPitchingLine::SHO},
+                                                      {"SV", &LahmanPitchingLine::SV}, {"IPouts", &LahmanPitchingLine::IPouts},
+                                                      {"H", &LahmanPitchingLine::H},   {"ER", &LahmanPitchingLine::ER},
+                                                      {"HR", &LahmanPitchingLine::HR}, {"BB", &LahmanPitchingLine::BB},
+                                                      {"SO", &LahmanPitchingLine::SO}, {"IBB", &LahmanPitchingLine::IBB},
+                                                      {"WP", &LahmanPitchingLine::WP}, {"HBP", &LahmanPitchingLine::HBP},
+                                                      {"BK", &LahmanPitchingLine::BK}, {"BFP", &LahmanPitchingLine::BFP},
+                                                      {"GF", &LahmanPitchingLine::GF}, {"R", &LahmanPitchingLine::R}};
 
-constexpr CountColumn<FieldingLine> kFieldingCounts[]{{"G", &FieldingLine::G},   {"PO", &FieldingLine::PO},
-                                                      {"A", &FieldingLine::A},   {"E", &FieldingLine::E},
-                                                      {"DP", &FieldingLine::DP}, {"PB", &FieldingLine::PB}};
+constexpr CountColumn<LahmanFieldingLine> kFieldingCounts[]{{"G", &LahmanFieldingLine::G},   {"PO", &LahmanFieldingLine::PO},
+                                                      {"A", &LahmanFieldingLine::A},   {"E", &LahmanFieldingLine::E},
+                                                      {"DP", &LahmanFieldingLine::DP}, {"PB", &LahmanFieldingLine::PB}};
 
 constexpr CountColumn<OutfieldLine> kOutfieldCounts[]{
     {"Glf", &OutfieldLine::Glf}, {"Gcf", &OutfieldLine::Gcf}, {"Grf", &OutfieldLine::Grf}};
@@ -108,22 +108,22 @@ TeamLine TeamOf(const RowCells& cells) {
     return team;
 }
 
-BattingLine BattingOf(const RowCells& cells) {
-    auto line = SpellOf<BattingLine>(cells);
+LahmanBattingLine BattingOf(const RowCells& cells) {
+    auto line = SpellOf<LahmanBattingLine>(cells);
     ReadCounts(line, kBattingCounts, cells, kAfterKey);
     return line;
 }
 
-PitchingLine PitchingOf(const RowCells& cells) {
-    auto line = SpellOf<PitchingLine>(cells);
+LahmanPitchingLine PitchingOf(const RowCells& cells) {
+    auto line = SpellOf<LahmanPitchingLine>(cells);
     line.BAOpp = cells.Number(kAfterKey);
     line.ERA = cells.Number(kAfterKey + 1);
     ReadCounts(line, kPitchingCounts, cells, kAfterKey + 2);
     return line;
 }
 
-FieldingLine FieldingOf(const RowCells& cells) {
-    auto line = SpellOf<FieldingLine>(cells);
+LahmanFieldingLine FieldingOf(const RowCells& cells) {
+    auto line = SpellOf<LahmanFieldingLine>(cells);
     line.POS = cells.Key(kAfterKey);
     ReadCounts(line, kFieldingCounts, cells, kAfterKey + 1);
     return line;
@@ -154,7 +154,7 @@ void SortTables(LahmanTables& tables) {
     const auto bySpell = [](const SpellKey& a, const SpellKey& b) { return SpellOrder(a) < SpellOrder(b); };
     std::stable_sort(tables.Batting.begin(), tables.Batting.end(), bySpell);
     std::stable_sort(tables.Pitching.begin(), tables.Pitching.end(), bySpell);
-    std::stable_sort(tables.Fielding.begin(), tables.Fielding.end(), [](const FieldingLine& a, const FieldingLine& b) {
+    std::stable_sort(tables.Fielding.begin(), tables.Fielding.end(), [](const LahmanFieldingLine& a, const LahmanFieldingLine& b) {
         if (SpellOrder(a) != SpellOrder(b)) return SpellOrder(a) < SpellOrder(b);
         if (a.G != b.G) return a.G > b.G;
         return a.POS < b.POS;

@@ -52,7 +52,7 @@ std::pair<const Line*, const Line*> TeamRows(const std::vector<Line>& table, con
 }
 
 // Some years mark an unknown average with 9.99; none is above 1.
-double OpponentAtBats(const PitchingLine& line) {
+double OpponentAtBats(const LahmanPitchingLine& line) {
     const double average = line.BAOpp.value_or(0);
     const int H = line.H.value_or(0);
     if (average > 0 && average <= 1) return H / average;
@@ -114,10 +114,10 @@ TeamImport RosterImporter::Import(const LahmanTeam& team) {
     TeamImport result;
     team_ = &team;
     const auto [firstBatter, lastBatter] = TeamRows(tables_.Batting, team);
-    for (const BattingLine* line = firstBatter; line != lastBatter; ++line) TakeBatter(*line, result);
+    for (const LahmanBattingLine* line = firstBatter; line != lastBatter; ++line) TakeBatter(*line, result);
     // Those whom the batting table lacks, as in seasons with the designated hitter.
     const auto [firstPitcher, lastPitcher] = TeamRows(tables_.Pitching, team);
-    for (const PitchingLine* line = firstPitcher; line != lastPitcher; ++line) {
+    for (const LahmanPitchingLine* line = firstPitcher; line != lastPitcher; ++line) {
         std::string teamID, KorvTeamID;
         SetKeys(*line, teamID, KorvTeamID);
         if (pitchers_.contains({KorvTeamID, line->playerID})) continue;
@@ -128,7 +128,7 @@ TeamImport RosterImporter::Import(const LahmanTeam& team) {
 
 // One row of the batting table. A pitcher comes in by his innings or by his at bats, any other man by his at bats
 // alone.
-void RosterImporter::TakeBatter(const BattingLine& line, TeamImport& result) {
+void RosterImporter::TakeBatter(const LahmanBattingLine& line, TeamImport& result) {
     const int AB = line.AB.value_or(0);
     const bool pitched = TakePitcher(line, result);
     if (AB <= filter_.minAB && !pitched) return;
@@ -143,7 +143,7 @@ bool RosterImporter::TakePitcher(const SpellKey& spell, TeamImport& result) {
     return true;
 }
 
-void RosterImporter::AddPitcher(const PitchingLine& line, TeamImport& result) {
+void RosterImporter::AddPitcher(const LahmanPitchingLine& line, TeamImport& result) {
     const auto count = [](const Count& value) { return value.value_or(0); };
     LahmanPitchingRow row;
     row.playerID = line.playerID;
@@ -168,7 +168,7 @@ void RosterImporter::AddPitcher(const PitchingLine& line, TeamImport& result) {
     result.pitching.push_back(std::move(row));
 }
 
-void RosterImporter::AddBatter(const BattingLine& line, TeamImport& result) {
+void RosterImporter::AddBatter(const LahmanBattingLine& line, TeamImport& result) {
     const auto count = [](const Count& value) { return value.value_or(0); };
     LahmanBattingRow row;
     row.playerID = line.playerID;
@@ -191,7 +191,7 @@ void RosterImporter::AddBatter(const BattingLine& line, TeamImport& result) {
 
 void RosterImporter::TakeFielding(const SpellKey& spell, TeamImport& result) {
     const auto [first, last] = SpellRows(tables_.Fielding, spell);
-    for (const FieldingLine* line = first; line != last; ++line) {
+    for (const LahmanFieldingLine* line = first; line != last; ++line) {
         if (line->POS == "DH") continue;
         if (line->POS == "OF") {
             TakeOutfield(spell, *line, result);
@@ -210,7 +210,7 @@ void RosterImporter::TakeFielding(const SpellKey& spell, TeamImport& result) {
 }
 
 // The source tells the whole outfield's figures in one row: each field gets its share by games.
-void RosterImporter::TakeOutfield(const SpellKey& spell, const FieldingLine& line, TeamImport& result) {
+void RosterImporter::TakeOutfield(const SpellKey& spell, const LahmanFieldingLine& line, TeamImport& result) {
     const std::vector<OutfieldGames> split = OutfieldSplit(tables_, spell);
     const int all = split[0].G + split[1].G + split[2].G;
     if (all == 0) outfieldUnknown_.insert(line.playerID);

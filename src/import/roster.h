@@ -65,10 +65,10 @@ class RosterImporter {
     // True if the man pitched in this spell, and enough to come in as a pitcher.
     bool TakePitcher(const SpellKey& spell, TeamImport& result);
     void TakeFielding(const SpellKey& spell, TeamImport& result);
-    void TakeOutfield(const SpellKey& spell, const FieldingLine& line, TeamImport& result);
-    void TakeBatter(const BattingLine& line, TeamImport& result);
-    void AddBatter(const BattingLine& line, TeamImport& result);
-    void AddPitcher(const PitchingLine& line, TeamImport& result);
+    void TakeOutfield(const SpellKey& spell, const LahmanFieldingLine& line, TeamImport& result);
+    void TakeBatter(const LahmanBattingLine& line, TeamImport& result);
+    void AddBatter(const LahmanBattingLine& line, TeamImport& result);
+    void AddPitcher(const LahmanPitchingLine& line, TeamImport& result);
     // Puts the keys of a row: the club's code and the season's, or the free agents' for both.
     void SetKeys(const SpellKey& spell, std::string& teamID, std::string& KorvTeamID) const;
 

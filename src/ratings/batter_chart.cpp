@@ -69,8 +69,8 @@ BattingChances ChancesOf(const ChartCells& cells) {
     return weights;
 }
 
-BatterCharts PlaceBatterChart(const CountsDerivation& vsL, const CountsDerivation& vsR, int runRating, Random& random) {
-    BatterCharts charts;
+BattingChartPair PlaceBatterChart(const CountsDerivation& vsL, const CountsDerivation& vsR, int runRating, Random& random) {
+    BattingChartPair charts;
     for (const BattingBlock& block : BatterPlans()) {
         for (const auto& result : block) PlaceOne(result, result.left, vsL, runRating, charts.vsL, random);
         for (const auto& result : block) PlaceOne(result, result.right, vsR, runRating, charts.vsR, random);
@@ -84,7 +84,7 @@ BattingChart PlacePitcherBatting(const CountsDerivation& counts, Random& random)
     BattingChart chart;
     for (const auto& result : PitcherBattingPlan()) PlaceOne(result, result.left, counts, 0, chart, random);
     FillWithOuts(chart.cells, random);
-    const BattingCounts& c = counts.counts;
+    const BattingWeights& c = counts.counts;
     chart.chances = {c.n1B / kAllRolls, c.n2B / kAllRolls, c.n3B / kAllRolls, c.nHR / kAllRolls, 0, c.nSO / kAllRolls};
     if (c.nBB + c.nHBP > 0) chart.chances.BBorHBP = c.nBB / kAllRolls + c.nHBP / kAllRolls;
     return chart;

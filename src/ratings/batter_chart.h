@@ -27,12 +27,12 @@ struct BattingChart {
     BattingChances chances;            // of what the finished chart holds
 };
 
-struct BatterCharts {
+struct BattingChartPair {
     BattingChart vsL, vsR;
 };
 
 // Lays out the two charts of a batter. runRating is 0 to 5: who runs well seldom hits into a double play.
-BatterCharts PlaceBatterChart(const CountsDerivation& vsL, const CountsDerivation& vsR, int runRating, Random& random);
+BattingChartPair PlaceBatterChart(const CountsDerivation& vsL, const CountsDerivation& vsR, int runRating, Random& random);
 
 // Lays out the one chart of a pitcher at bat. His chances are those asked for, not those placed.
 BattingChart PlacePitcherBatting(const CountsDerivation& counts, Random& random);

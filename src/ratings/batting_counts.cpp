@@ -40,7 +40,7 @@ BattingShares SharesOf(const SplitLine& line, double hitFactor, double nonIntent
     return s;
 }
 
-BattingCounts CountsOf(const BattingShares& s) {
+BattingWeights CountsOf(const BattingShares& s) {
     return {Weight(s.p1B),  Weight(s.p2B),  Weight(s.p3B),
             Weight(s.pHR),  Weight(s.pBB),  Weight(s.pSO),
             Weight(s.pHBP), Weight(s.pOut), 0};
@@ -49,7 +49,7 @@ BattingCounts CountsOf(const BattingShares& s) {
 // Few at bats prove little: every result but the hit batter shrinks in proportion, and outs take the room.
 void ShrinkToSample(CountsDerivation& d) {
     d.smallSample = true;
-    BattingCounts& c = d.counts;
+    BattingWeights& c = d.counts;
     for (int* count : {&c.n1B, &c.n2B, &c.n3B, &c.nHR, &c.nBB, &c.nSO}) {
         *count = static_cast<int>(RoundHalfEven(static_cast<double>(*count) * d.line.AB / d.sampleLimit));
     }
@@ -57,7 +57,7 @@ void ShrinkToSample(CountsDerivation& d) {
     c.nOut = 216 - (c.n1B + c.n2B + c.n3B + c.nHR + c.nBB + c.nSO);
 }
 
-bool HasNoHit(const BattingCounts& c) {
+bool HasNoHit(const BattingWeights& c) {
     return c.n1B == 0 && c.n2B == 0 && c.n3B == 0 && c.nHR == 0;
 }
 
@@ -131,7 +131,7 @@ PitcherBattingCounts PitcherBattingCountsOf(const LahmanBattingRow& line, const 
     if (line.AB < d.sampleLimit) ShrinkToSample(d);
     d.counts.nE = DrawErrors(random);
     JudgeRunsBattedIn(d, league);
-    const BattingCounts& c = d.counts;
+    const BattingWeights& c = d.counts;
     result.usable = c.n1B > 0 || c.n2B > 0 || c.n3B > 0 || c.nHR > 0;
     return result;
 }

@@ -15,17 +15,17 @@ struct BattingShares {
 };
 
 // The weight, of 216, that each result asks of a batting chart. A negative count places nothing.
-struct BattingCounts {
+struct BattingWeights {
     int n1B = 0, n2B = 0, n3B = 0, nHR = 0, nBB = 0, nSO = 0, nHBP = 0, nOut = 0, nE = 0;
-    friend bool operator==(const BattingCounts&, const BattingCounts&) = default;
+    friend bool operator==(const BattingWeights&, const BattingWeights&) = default;
 };
 
 // How the counts of one chart came about.
 struct CountsDerivation {
     SplitLine line;        // the statistics they rest on
     BattingShares shares;  // all 0 without at bats
-    BattingCounts full;    // the shares as weights
-    BattingCounts counts;  // after a small sample or the fallback chart: what the layout gets
+    BattingWeights full;    // the shares as weights
+    BattingWeights counts;  // after a small sample or the fallback chart: what the layout gets
     int sampleLimit = 0;   // at bats below which the weights shrink
     bool smallSample = false;
     bool fallback = false;  // no at bats or no hit: the chart of an unknown batter

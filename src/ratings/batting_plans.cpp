@@ -9,14 +9,14 @@ namespace {
 struct PlanRow {
     std::string_view text;
     std::int32_t color;
-    int BattingCounts::*count;
+    int BattingWeights::*count;
     ShareBy shareBy;
     double share;
     std::string_view left;
     std::string_view right;  // empty: as left
 };
 
-using Counts = BattingCounts;
+using Counts = BattingWeights;
 constexpr auto kFixed = ShareBy::Fixed;
 constexpr auto kByRBI = ShareBy::RunsBattedIn;
 constexpr auto kByRunning = ShareBy::Running;

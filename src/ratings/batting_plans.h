@@ -18,7 +18,7 @@ enum class ShareBy { Fixed, RunsBattedIn, Running };
 struct BattingResultPlan {
     std::string_view text;
     std::int32_t color = 0;
-    int BattingCounts::*count = nullptr;
+    int BattingWeights::*count = nullptr;
     ShareBy shareBy = ShareBy::Fixed;
     double share = 1;
     Plan left, right;

@@ -25,7 +25,7 @@ struct BatterDerivation {
     double NIBBRatio = 0;
     int runRating = 0;
     CountsDerivation vsL, vsR;
-    BatterCharts charts;
+    BattingChartPair charts;
     ControlRatings control;
 };
 

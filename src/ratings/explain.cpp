@@ -48,8 +48,8 @@ std::string LineText(const SplitLine& l) {
 void TellShares(Out out, const CountsDerivation& d, const LeagueBaseline& league, double hitFactor, double walkShare) {
     const SplitLine& l = d.line;
     const BattingShares& s = d.shares;
-    const BattingCounts& f = d.full;
-    const BattingCounts& c = d.counts;
+    const BattingWeights& f = d.full;
+    const BattingWeights& c = d.counts;
     const int singles = l.H - l.Doubles - l.Triples - l.HR;
     const auto hits = [&](int count) { return fmt::format("{} / {} AB * {:.3f}", count, l.AB, hitFactor); };
     const double PA = league.PAFactor;

@@ -65,7 +65,7 @@ struct Entry {
     int number;
 };
 
-std::vector<Entry> EntriesOf(const League& league) {
+std::vector<Entry> EntriesOf(const MadeLeague& league) {
     std::vector<Entry> entries;
     for (const Player& player : league.players)
         for (std::size_t i = 0; i < player.stints.size(); ++i)
@@ -80,15 +80,15 @@ const char* LeagueCode(const Club& club) {
     return club.american ? "AL" : "NL";
 }
 
-void PutKey(Table& table, const League& league, const Entry& entry) {
+void PutKey(Table& table, const MadeLeague& league, const Entry& entry) {
     const Club& club = league.clubs[entry.stint->club];
     table << entry.player->id << kSampleYear << entry.number << club.teamID << LeagueCode(club);
 }
 
-std::string BattingTable(const League& league, const std::vector<Entry>& entries) {
+std::string BattingTable(const MadeLeague& league, const std::vector<Entry>& entries) {
     Table table("playerID,yearID,stint,teamID,lgID,G,AB,R,H,2B,3B,HR,RBI,SB,CS,BB,SO,IBB,HBP,SH,SF,GIDP");
     for (const Entry& entry : entries) {
-        const BattingLine& b = entry.stint->bat;
+        const MadeBatting& b = entry.stint->bat;
         PutKey(table, league, entry);
         table << std::initializer_list<int>{b.G,  b.AB, b.R,  b.H,   b.Doubles, b.Triples, b.HR, b.RBI, b.SB,
                                             b.CS, b.BB, b.SO, b.IBB, b.HBP,     b.SH,      b.SF, b.GIDP};
@@ -97,13 +97,13 @@ std::string BattingTable(const League& league, const std::vector<Entry>& entries
     return table.Text();
 }
 
-std::string PitchingTable(const League& league, const std::vector<Entry>& entries) {
+std::string PitchingTable(const MadeLeague& league, const std::vector<Entry>& entries) {
     Table table(
         "playerID,yearID,stint,teamID,lgID,W,L,G,GS,CG,SHO,SV,IPouts,H,ER,HR,BB,SO,BAOpp,ERA,IBB,WP,HBP,BK,BFP,GF,R,SH,"
         "SF,"
         "GIDP");
     for (const Entry& entry : entries) {
-        const PitchingLine& p = entry.stint->pitch;
+        const MadePitching& p = entry.stint->pitch;
         if (p.G == 0) continue;
         PutKey(table, league, entry);
         table << std::initializer_list<int>{p.W,      p.L, p.G,  p.GS, p.CG, p.SHO, p.SV,
@@ -117,8 +117,8 @@ std::string PitchingTable(const League& league, const std::vector<Entry>& entrie
 
 constexpr const char* kFieldingHeader = "playerID,yearID,stint,teamID,lgID,POS,G,GS,InnOuts,PO,A,E,DP,PB,WP,SB,CS,ZR";
 
-void PutFielding(Table& table, const League& league, const Entry& entry, const std::string& pos,
-                 const FieldingLine& f) {
+void PutFielding(Table& table, const MadeLeague& league, const Entry& entry, const std::string& pos,
+                 const MadeFielding& f) {
     PutKey(table, league, entry);
     table << pos << std::initializer_list<int>{f.G, f.GS, f.InnOuts, f.PO, f.A, f.E, f.DP};
     if (pos == "C")
@@ -129,10 +129,10 @@ void PutFielding(Table& table, const League& league, const Entry& entry, const s
 }
 
 // The three outfields in one line; a game in two of them counts once.
-FieldingLine OutfieldOf(const Stint& stint) {
-    FieldingLine sum;
+MadeFielding OutfieldOf(const Stint& stint) {
+    MadeFielding sum;
     for (const Spot spot : {Spot::LF, Spot::CF, Spot::RF}) {
-        const FieldingLine& f = stint.field[Index(spot)];
+        const MadeFielding& f = stint.field[Index(spot)];
         sum.InnOuts += f.InnOuts;
         sum.PO += f.PO;
         sum.A += f.A;
@@ -144,11 +144,11 @@ FieldingLine OutfieldOf(const Stint& stint) {
     return sum;
 }
 
-std::string FieldingTable(const League& league, const std::vector<Entry>& entries) {
+std::string FieldingTable(const MadeLeague& league, const std::vector<Entry>& entries) {
     Table table(kFieldingHeader);
     for (const Entry& entry : entries) {
         for (const Spot spot : kFieldSpots) {
-            const FieldingLine& f = entry.stint->field[Index(spot)];
+            const MadeFielding& f = entry.stint->field[Index(spot)];
             if (spot == Spot::LF && entry.stint->outfieldG > 0)
                 PutFielding(table, league, entry, "OF", OutfieldOf(*entry.stint));
             if (f.G > 0 && !IsOutfield(spot)) PutFielding(table, league, entry, SpotName(spot), f);
@@ -157,7 +157,7 @@ std::string FieldingTable(const League& league, const std::vector<Entry>& entrie
     return table.Text();
 }
 
-std::string OutfieldTable(const League& league, const std::vector<Entry>& entries) {
+std::string OutfieldTable(const MadeLeague& league, const std::vector<Entry>& entries) {
     Table table(kFieldingHeader);
     for (const Entry& entry : entries)
         for (const Spot spot : {Spot::CF, Spot::LF, Spot::RF})
@@ -186,8 +186,8 @@ std::string PeopleTable(const std::vector<Entry>& entries) {
 
 // What a club's players did, added up.
 struct ClubTotals {
-    BattingLine bat;
-    PitchingLine pitch;
+    MadeBatting bat;
+    MadePitching pitch;
     int PO = 0, A = 0, E = 0;
 };
 
@@ -195,19 +195,19 @@ ClubTotals TotalsOf(const std::vector<Entry>& entries, std::size_t club) {
     ClubTotals t;
     for (const Entry& entry : entries) {
         if (entry.stint->club != club) continue;
-        const BattingLine& b = entry.stint->bat;
+        const MadeBatting& b = entry.stint->bat;
         t.bat.AB += b.AB, t.bat.R += b.R, t.bat.H += b.H, t.bat.Doubles += b.Doubles, t.bat.Triples += b.Triples;
         t.bat.HR += b.HR, t.bat.BB += b.BB, t.bat.SO += b.SO, t.bat.SB += b.SB, t.bat.CS += b.CS, t.bat.HBP += b.HBP;
         t.bat.SF += b.SF;
-        const PitchingLine& p = entry.stint->pitch;
+        const MadePitching& p = entry.stint->pitch;
         t.pitch.R += p.R, t.pitch.ER += p.ER, t.pitch.CG += p.CG, t.pitch.SV += p.SV, t.pitch.IPouts += p.IPouts;
         t.pitch.H += p.H, t.pitch.HR += p.HR, t.pitch.BB += p.BB, t.pitch.SO += p.SO;
-        for (const FieldingLine& f : entry.stint->field) t.PO += f.PO, t.A += f.A, t.E += f.E;
+        for (const MadeFielding& f : entry.stint->field) t.PO += f.PO, t.A += f.A, t.E += f.E;
     }
     return t;
 }
 
-std::string TeamsTable(const League& league, const std::vector<Entry>& entries) {
+std::string TeamsTable(const MadeLeague& league, const std::vector<Entry>& entries) {
     Table table(
         "yearID,lgID,teamID,franchID,divID,Rank,G,Ghome,W,L,DivWin,WCWin,LgWin,WSWin,R,AB,H,2B,3B,HR,BB,SO,SB,CS,HBP,"
         "SF,RA,ER,"
@@ -248,7 +248,7 @@ void WriteFile(const std::filesystem::path& path, const std::string& text) {
 
 }  // namespace
 
-void WriteTables(const std::filesystem::path& folder, const League& league) {
+void WriteTables(const std::filesystem::path& folder, const MadeLeague& league) {
     std::error_code error;
     std::filesystem::create_directories(folder, error);
     if (error)

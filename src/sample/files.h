@@ -7,6 +7,6 @@
 namespace tarvane::sample {
 
 // Writes the tables of a played season into the folder. Throws UserError.
-void WriteTables(const std::filesystem::path& folder, const League& league);
+void WriteTables(const std::filesystem::path& folder, const MadeLeague& league);
 
 }  // namespace tarvane::sample

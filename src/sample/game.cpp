@@ -12,7 +12,7 @@ constexpr unsigned kInGame = 1U << Index(Spot::None);
 
 }  // namespace
 
-Game::Game(Random& random, League& league, GameSide visitor, GameSide home)
+Game::Game(Random& random, MadeLeague& league, GameSide visitor, GameSide home)
     : random_(random),
       league_(league),
       sides_{std::move(visitor), std::move(home)},
@@ -231,7 +231,7 @@ void Game::BookPitching(std::size_t sideIndex) {
     const std::size_t winner = WinningOuting();
     for (std::size_t i = 0; i < side.outings.size(); ++i) {
         const Outing& outing = side.outings[i];
-        PitchingLine& line = At(outing.man).Now().pitch;
+        MadePitching& line = At(outing.man).Now().pitch;
         ++line.G;
         line.IPouts += outing.outs;
         line.BFP += outing.batters;
@@ -240,7 +240,7 @@ void Game::BookPitching(std::size_t sideIndex) {
         At(outing.man).tired += outing.outs + 2;
     }
     const Outing& last = side.outings.back();
-    PitchingLine& line = At(last.man).Now().pitch;
+    MadePitching& line = At(last.man).Now().pitch;
     if (side.outings.size() == 1) {
         ++line.CG;
         if (sides_[1 - sideIndex].runs == 0) ++line.SHO;

@@ -14,7 +14,7 @@ struct Outing {
     int outs = 0, batters = 0, R = 0, limit = 0, leadAtEntry = 0;
 };
 
-// A club as it takes part in one game. Men are indices of League::players, slots are places in the batting order.
+// A club as it takes part in one game. Men are indices of MadeLeague::players, slots are places in the batting order.
 struct GameSide {
     std::size_t club = 0;
     std::array<std::size_t, 9> order{};
@@ -31,7 +31,7 @@ struct GameSide {
 class Game {
   public:
     // Each side stands with its line-up, its starter as the first outing, and all who can come in.
-    Game(Random& random, League& league, GameSide visitor, GameSide home);
+    Game(Random& random, MadeLeague& league, GameSide visitor, GameSide home);
     void Play();
 
   private:
@@ -101,17 +101,17 @@ class Game {
     Player& Batter() { return At(BatterMan()); }
     const Player& Batter() const { return At(BatterMan()); }
     Player& FieldMan(Spot spot) { return At(Fielding().fielder[Index(spot)]); }
-    FieldingLine& Glove(Spot spot) { return FieldMan(spot).Now().field[Index(spot)]; }
+    MadeFielding& Glove(Spot spot) { return FieldMan(spot).Now().field[Index(spot)]; }
     Outing& OnMound() { return Fielding().outings.back(); }
     Player& Pitcher() { return At(OnMound().man); }
-    PitchingLine& PitchLine() { return Pitcher().Now().pitch; }
-    BattingLine& BatLine() { return Batter().Now().bat; }
+    MadePitching& PitchLine() { return Pitcher().Now().pitch; }
+    MadeBatting& BatLine() { return Batter().Now().bat; }
     int Lead(std::size_t side) const { return sides_[side].runs - sides_[1 - side].runs; }
     bool WalkedOff() const { return batting_ == 1 && inning_ >= 9 && Lead(1) > 0; }
     bool AnyoneOn() const { return bases_[0].on || bases_[1].on || bases_[2].on; }
 
     Random& random_;
-    League& league_;
+    MadeLeague& league_;
     std::array<GameSide, 2> sides_;
     std::vector<unsigned> appeared_;  // by player: a bit for each spot he fielded; the bit of None: he was in the game
     std::size_t batting_ = 0;

@@ -21,26 +21,26 @@ constexpr bool IsOutfield(Spot spot) {
 }
 std::string SpotName(Spot spot);
 
-struct BattingLine {
+struct MadeBatting {
     int G = 0, AB = 0, R = 0, H = 0, Doubles = 0, Triples = 0, HR = 0, RBI = 0, SB = 0, CS = 0, BB = 0, SO = 0, IBB = 0,
         HBP = 0, SH = 0, SF = 0, GIDP = 0;
 };
 
-struct PitchingLine {
+struct MadePitching {
     int W = 0, L = 0, G = 0, GS = 0, CG = 0, SHO = 0, SV = 0, IPouts = 0, H = 0, ER = 0, HR = 0, BB = 0, SO = 0,
         IBB = 0, WP = 0, HBP = 0, BK = 0, BFP = 0, GF = 0, R = 0, SH = 0, SF = 0, GIDP = 0;
 };
 
-struct FieldingLine {
+struct MadeFielding {
     int G = 0, GS = 0, InnOuts = 0, PO = 0, A = 0, E = 0, DP = 0, PB = 0, SB = 0, CS = 0;
 };
 
 // What a player did for one club without a break. A traded man has two.
 struct Stint {
     std::size_t club = 0;
-    BattingLine bat;
-    PitchingLine pitch;
-    std::array<FieldingLine, kSpots> field{};
+    MadeBatting bat;
+    MadePitching pitch;
+    std::array<MadeFielding, kSpots> field{};
     int outfieldG = 0, outfieldGS = 0;  // games anywhere in the outfield: a man can play two fields in one game
 };
 
@@ -84,7 +84,7 @@ struct Club {
     std::string teamID, city, nickname, park;
     char division = 'E';
     bool american = true;
-    // Into League::players, the better man and the one with the firmer job first; the tail are call-ups.
+    // Into MadeLeague::players, the better man and the one with the firmer job first; the tail are call-ups.
     std::vector<std::size_t> batters, pitchers;
     int W = 0, L = 0, homeGames = 0, shutouts = 0, doublePlays = 0;
     int attendance = 0, rank = 0;
@@ -93,8 +93,8 @@ struct Club {
     bool DesignatedHitter() const { return american; }
 };
 
-struct League {
-    std::vector<Club> clubs;  // the first half in the American League
+struct MadeLeague {
+    std::vector<Club> clubs;  // the first half in the American MadeLeague
     std::vector<Player> players;
 };
 

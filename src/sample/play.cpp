@@ -42,7 +42,7 @@ void Game::TurnAtBat() {
 
 void Game::Score(const Runner& runner, bool rbi) {
     Outing& answers = Fielding().outings[runner.outing];
-    PitchingLine& line = At(answers.man).Now().pitch;
+    MadePitching& line = At(answers.man).Now().pitch;
     ++At(runner.man).Now().bat.R;
     ++answers.R;
     ++line.R;
@@ -75,7 +75,7 @@ bool Game::TrySteal() {
         const bool third = bases_[1].on && !bases_[2].on && outs_ < 2;
         if (!third || !Happens(random_, 0.08 * At(bases_[1].man).bat.stealWill)) return false;
         const bool safe = Happens(random_, 0.50 + 0.30 * At(bases_[1].man).bat.speed);
-        BattingLine& line = At(bases_[1].man).Now().bat;
+        MadeBatting& line = At(bases_[1].man).Now().bat;
         ++(safe ? line.SB : line.CS);
         ++(safe ? Glove(Spot::C).SB : Glove(Spot::C).CS);
         if (safe) {
@@ -96,7 +96,7 @@ bool Game::TrySteal() {
 }
 
 void Game::StealSecond(bool safe) {
-    BattingLine& line = At(bases_[0].man).Now().bat;
+    MadeBatting& line = At(bases_[0].man).Now().bat;
     const Spot cover = Happens(random_, 0.5) ? Spot::B2 : Spot::SS;
     if (safe) {
         ++line.SB;
@@ -257,7 +257,7 @@ void Game::Strikeout() {
 }
 
 void Game::Hit(int bases) {
-    BattingLine& line = BatLine();
+    MadeBatting& line = BatLine();
     ++line.AB;
     ++line.H;
     ++PitchLine().H;

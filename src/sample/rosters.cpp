@@ -169,16 +169,16 @@ void DrawPerson(Random& random, Player& player) {
     if (pitcher && player.throws == 'R' && player.bats == 'B') player.bats = 'R';
 }
 
-void AddPlayer(League& league, std::size_t club, Player player, std::vector<std::size_t>& list) {
+void AddPlayer(MadeLeague& league, std::size_t club, Player player, std::vector<std::size_t>& list) {
     player.stints.emplace_back();
     player.stints.back().club = club;
     list.push_back(league.players.size());
     league.players.push_back(std::move(player));
 }
 
-void FillClub(Random& random, NameGiver& names, League& league, std::size_t index) {
+void FillClub(Random& random, NameGiver& names, MadeLeague& league, std::size_t index) {
     // Clubs differ: a good one hits and pitches better throughout;
-    // and the National League's bats are a little better, which makes up for its pitchers'.
+    // and the National MadeLeague's bats are a little better, which makes up for its pitchers'.
     const double clubBat = 0.022 * Normal(random) + (league.clubs[index].american ? -0.004 : 0.036);
     const double clubPitch = 0.030 * Normal(random);
     const auto add = [&](Player& player, std::vector<std::size_t>& list) {
@@ -224,8 +224,8 @@ std::string SpotName(Spot spot) {
     return kNames[Index(spot)];
 }
 
-League MakeLeague(Random& random) {
-    League league;
+MadeLeague MakeLeague(Random& random) {
+    MadeLeague league;
     NameGiver names(random);
     for (std::size_t i = 0; i < kClubNames.size(); ++i) {
         Club club;

@@ -6,6 +6,6 @@
 namespace tarvane::sample {
 
 // Sixteen clubs in two leagues of two divisions, with invented cities, nicknames and players; no game played yet.
-League MakeLeague(Random& random);
+MadeLeague MakeLeague(Random& random);
 
 }  // namespace tarvane::sample

@@ -9,7 +9,7 @@ namespace tarvane {
 
 void WriteSampleLeague(const std::filesystem::path& folder, std::uint64_t seed) {
     Random random(seed);
-    sample::League league = sample::MakeLeague(random);
+    sample::MadeLeague league = sample::MakeLeague(random);
     sample::PlaySeason(random, league);
     sample::WriteTables(folder, league);
 }

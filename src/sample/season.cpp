@@ -64,7 +64,7 @@ std::vector<Round> Schedule() {
 
 class Season {
   public:
-    Season(Random& random, League& league) : random_(random), league_(league) {}
+    Season(Random& random, MadeLeague& league) : random_(random), league_(league) {}
 
     void Play() {
         const std::vector<Round> schedule = Schedule();
@@ -259,13 +259,13 @@ class Season {
     }
 
     Random& random_;
-    League& league_;
+    MadeLeague& league_;
     int day_ = 0;
 };
 
 }  // namespace
 
-void PlaySeason(Random& random, League& league) {
+void PlaySeason(Random& random, MadeLeague& league) {
     Season(random, league).Play();
 }
 

@@ -8,6 +8,6 @@ namespace tarvane::sample {
 inline constexpr int kSeasonDays = 162;  // every club plays every day
 
 // Plays the whole season: line-ups, rotations, injuries, call-ups, a few trades; then the standings and the titles.
-void PlaySeason(Random& random, League& league);
+void PlaySeason(Random& random, MadeLeague& league);
 
 }  // namespace tarvane::sample

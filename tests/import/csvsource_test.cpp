@@ -40,7 +40,7 @@ TEST(CsvSource, ReadsTheYearsWantedInOneOrder) {
     EXPECT_EQ(all.tables.Pitching.size(), 6U);
     EXPECT_EQ(all.tables.Master.size(), 12U) << "a man who played in no wanted year is left out";
 
-    const BattingLine& first = all.tables.Batting.front();
+    const LahmanBattingLine& first = all.tables.Batting.front();
     EXPECT_EQ(first.playerID, "benchma01");
     const auto& fielding = all.tables.Fielding;
     const auto shortstop =

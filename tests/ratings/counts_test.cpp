@@ -58,7 +58,7 @@ TEST(BatterCounts, FewAtBatsShrinkAllButTheHitBatter) {
     EXPECT_EQ(d.counts.n1B, 39);  // 41.18 -> 41 -> 39.36: the rounded weight shrinks, or it would be 40
     EXPECT_EQ(d.full.n1B, 41);
     EXPECT_EQ(d.counts.nHBP, d.full.nHBP);
-    const BattingCounts& c = d.counts;
+    const BattingWeights& c = d.counts;
     EXPECT_EQ(c.nOut, 216 - (c.n1B + c.n2B + c.n3B + c.nHR + c.nBB + c.nSO));
     EXPECT_DOUBLE_EQ(d.RBIRate, 6 / 24.0 * 0.9 * 24 / 25);
 
@@ -71,7 +71,7 @@ TEST(BatterCounts, FewAtBatsShrinkAllButTheHitBatter) {
 }
 
 TEST(BatterCounts, TheUnknownBatter) {
-    const BattingCounts fallback{13, 3, 0, 0, 0, 70, 0, 128, 2};
+    const BattingWeights fallback{13, 3, 0, 0, 0, 70, 0, 128, 2};
     EXPECT_EQ(fallback.n1B + fallback.n2B + fallback.nSO + fallback.nOut + fallback.nE, 216);
     EXPECT_EQ(Counts({}).counts, fallback);
     EXPECT_EQ(Counts(Batting(60, 0, 0, 0, 0, 30, 5)).counts, fallback);  // walks alone don't save him

@@ -188,7 +188,7 @@ TEST(BatterChart, HostileLinesAreLaidOutAsWell) {
         for (CountsDerivation* d : {&left, &right}) {
             d->counts = {any(), any(), any(), any(), any(), any(), any(), any(), any()};
         }
-        const BatterCharts charts = PlaceBatterChart(left, right, i % 9 - 2, random);
+        const BattingChartPair charts = PlaceBatterChart(left, right, i % 9 - 2, random);
         for (const BattingChart* chart : {&charts.vsL, &charts.vsR}) {
             for (const ChartCell& cell : chart->cells) ASSERT_FALSE(IsFree(cell));
         }
@@ -210,7 +210,7 @@ TEST(BatterChart, TheWeightsAskedForComeOutOnAverage) {
         const BattingChances c = DeriveBatter(line, kLayoutLeague, {}, 2, random).charts.vsR.chances;
         sum.Singles += c.Singles, sum.Doubles += c.Doubles, sum.HR += c.HR, sum.SO += c.SO, sum.BBorHBP += c.BBorHBP;
     }
-    const BattingCounts n = DeriveBatter(line, kLayoutLeague, {}, 2, random).vsR.counts;
+    const BattingWeights n = DeriveBatter(line, kLayoutLeague, {}, 2, random).vsR.counts;
     EXPECT_NEAR(sum.HR * 216 / kCharts, n.nHR, 1);
     EXPECT_NEAR(sum.Doubles * 216 / kCharts, n.n2B, 1.5);
     EXPECT_NEAR(sum.Singles * 216 / kCharts, n.n1B + 2.5, 2);  // five tolerances
@@ -239,7 +239,7 @@ TEST(BatterChart, HomeRunsOfTwentyStartAtTheHeavyCells) {
     d.counts.nHR = 20;
     Random random(6);
     for (int i = 0; i < 200; ++i) {
-        const BatterCharts charts = PlaceBatterChart(d, d, 0, random);
+        const BattingChartPair charts = PlaceBatterChart(d, d, 0, random);
         for (const BattingChart* chart : {&charts.vsL, &charts.vsR}) {
             // Either 33 (15) first, or 36 (12) and then what still fits going down.
             const std::set<int> rolls = RollsOf(chart->cells, "HR");
@@ -254,7 +254,7 @@ TEST(BatterChart, RunnersAndRunProducersShapeTheOuts) {
     d.sfShare = 0.18;
     Random random(1);
     const auto askedFor = [&](std::string_view text, int runRating) {
-        const BatterCharts charts = PlaceBatterChart(d, d, runRating, random);
+        const BattingChartPair charts = PlaceBatterChart(d, d, runRating, random);
         const auto& placed = charts.vsR.placed;
         return std::find_if(placed.begin(), placed.end(), [&](const PlacedResult& p) { return p.text == text; })->asked;
     };
