@@ -50,6 +50,8 @@ function(tarvane_test NAME)
     return()
   endif()
   add_executable(test_${NAME} ${sources})
+  # Each file of tests has short names of its own.
+  set_target_properties(test_${NAME} PROPERTIES UNITY_BUILD OFF)
   target_compile_definitions(test_${NAME} PRIVATE
     TARVANE_SOURCE_DIR="${PROJECT_SOURCE_DIR}" TARVANE_TEST_DIR="${CMAKE_CURRENT_SOURCE_DIR}")
   target_link_libraries(test_${NAME} PRIVATE ${ARGN} tarvane_options GTest::gmock_main)

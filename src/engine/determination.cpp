@@ -64,7 +64,7 @@ void Step::Sound() {
 void TellNotes(Step& step) {
     if (!step.listener) return;
     for (std::size_t bit = 0; bit < kNoteTags.size(); ++bit)
-        if ((step.play().Notes >> bit & 1U) != 0) step.Narrate(kNoteTags[bit]);
+        if ((static_cast<unsigned>(step.play().Notes) >> bit & 1U) != 0) step.Narrate(kNoteTags[bit]);
 }
 
 void BeginPlay(Play& play) {

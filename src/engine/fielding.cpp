@@ -170,7 +170,8 @@ void DefenceCell(Step& step) {
     play.PlayResult = Result::None;
     play.FieldedBy = Position::None;
     const int roll = play.ChartRoll;
-    const bool automatic = roll <= 15 && (step.fielding().AutoOuts >> (roll - kFirstRoll) & 1U) != 0;
+    const bool automatic =
+        roll <= 15 && (static_cast<unsigned>(step.fielding().AutoOuts) >> (roll - kFirstRoll) & 1U) != 0;
     if (!automatic) return;
     play.DisplayResult = step.data.rules.AutoOutsForOF ? Result::Defence : Result::G;
     if (play.DisplayResult == Result::Defence) PlaceBall(step);

@@ -229,7 +229,7 @@ void MoveRunners(Step& step, const Moves& moves, RunRule rule, Runner batter) {
         if (goes == Goes::Stays || goes == Goes::Asks || !runner.On()) continue;
         if (base != 0) team.runner[base] = {};
         if (goes == Goes::Home)
-            ScoreRun(step, runner, rule.RBI, (rule.unearnedFrom >> base & 1U) == 0);
+            ScoreRun(step, runner, rule.RBI, (static_cast<unsigned>(rule.unearnedFrom) >> base & 1U) == 0);
         else if (goes != Goes::Out)
             team.runner[static_cast<std::size_t>(goes)] = runner;
     }

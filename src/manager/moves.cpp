@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "engine/availability.h"
+#include "manager/changes.h"
 #include "manager/computermanager.h"
 #include "manager/roster.h"
 
@@ -13,17 +14,6 @@ namespace {
 
 constexpr int kSeasonGamesOfUse = 154;
 constexpr int kGamesBeforeUse = 3;
-
-LineupInput CurrentLineup(const GameState& state, Side side) {
-    LineupInput lineup;
-    lineup.side = side;
-    for (std::size_t slot = 0; slot < 9; ++slot) {
-        lineup.player[slot] = state[side].lineup[slot].player;
-        lineup.position[slot] = state[side].lineup[slot].position;
-    }
-    lineup.pitcher = state[side].pitcher;
-    return lineup;
-}
 
 // Puts a pitcher into a line-up: without a DH into the place of the pitcher, of the man who batted or ran for him, or
 // of the one just hurt. False if no slot is left for him.
