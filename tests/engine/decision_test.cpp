@@ -3,8 +3,6 @@
 namespace tarvane {
 namespace {
 
-constexpr std::int32_t G = kGreenWord, R = kRedWord, W = kWhiteWord;
-
 // One bracketed result with the men about whom it asks: what holding gives, and what each cell of the decision chart
 // gives. Behind the bases stands what the play has become where it isn't what it was, and r, e for a run batted in and
 // earned beyond those of the result itself; "?" when the second man is asked about.
@@ -36,8 +34,8 @@ struct ChartCellCase {
     std::int32_t color;
     bool out, error;
 };
-constexpr ChartCellCase kCells[]{{" ", G, false, false}, {"*", G, false, false}, {"E", G, false, true},
-                                 {"E", W, false, true},  {" ", R, true, false},  {"*", R, true, false}};
+constexpr ChartCellCase kCells[]{{" ", kG, false, false}, {"*", kG, false, false}, {"E", kG, false, true},
+                                 {"E", kW, false, true},  {" ", kR, true, false},  {"*", kR, true, false}};
 
 class Decision : public Scene {
   public:
@@ -51,9 +49,9 @@ class Decision : public Scene {
         if (std::string(trial.text) == "ED") values.ErrorKindRoll = 23;
         const bool out = std::string(trial.text).find('F') != std::string::npos;
         if (trial.text[0] == 'E')
-            Bat("E", W);
+            Bat("E", kW);
         else
-            Bat(trial.text, out ? R : G);
+            Bat(trial.text, out ? kR : kG);
     }
     static LeagueRules Rules() {
         LeagueRules rules = PlainRules();
@@ -221,8 +219,8 @@ TEST(ExtraBase, TwoErrorsOnOnePlay) {
 TEST(ExtraBase, ThirdOutOnTheBases) {
     Scene scene;
     scene.Put("1--", 2);
-    scene.Bat("(2)", G);
-    scene.data.compiled.MgrDec.fill(Scene::Filled(" ", R));
+    scene.Bat("(2)", kG);
+    scene.data.compiled.MgrDec.fill(Scene::Filled(" ", kR));
     scene.Answer(true);
     scene.Roll();
     EXPECT_EQ(scene.state.BattingSide, Side::Home);
@@ -237,7 +235,7 @@ TEST(ExtraBase, WonGameAsksNothing) {
         scene.at = Side::Home;
         scene.LastInning(3, 3);
         scene.Put("1-3", 1);
-        scene.Bat(text, G);
+        scene.Bat(text, kG);
         EXPECT_TRUE(scene.state.GameOverFlag) << text;
         EXPECT_EQ(scene.state[Side::Home].Hits, 1);
         EXPECT_EQ(scene.RBI(), 1);
@@ -253,7 +251,7 @@ TEST(ExtraBase, WonGameAsksNothing) {
     Scene fly;  // a fly leaves the winning run on third: it is asked
     fly.LastInning(3, 3);
     fly.Put("--3", 0);
-    fly.Bat("(F)", R);
+    fly.Bat("(F)", kR);
     EXPECT_EQ(fly.state.awaited.kind, Await::Decision);
 }
 
@@ -279,11 +277,11 @@ TEST(DefensiveDecision, BothAnswers) {
             SCOPED_TRACE(fmt::format("{} with {} answer {}", c.text, c.bases, c.yes));
             Scene scene;
             scene.Put(c.bases);
-            if (pitcherSheet) scene.Pitcher(c.text, R);
+            if (pitcherSheet) scene.Pitcher(c.text, kR);
             if (pitcherSheet)
                 scene.Roll();
             else
-                scene.Bat(c.text, R);
+                scene.Bat(c.text, kR);
             ASSERT_EQ(scene.state.awaited.decision, DecisionKind::Defensive);
             ASSERT_EQ(scene.state.awaited.side, Side::Home);
             ASSERT_EQ(scene.Answer(c.yes), Reject::None);
@@ -297,7 +295,7 @@ TEST(DefensiveDecision, BothAnswers) {
         }
     Scene late;  // with one out already the double play just ends the half
     late.Put("1-3", 1);
-    late.Bat("DP", R);
+    late.Bat("DP", kR);
     EXPECT_EQ(late.state.BattingSide, Side::Home);
 }
 

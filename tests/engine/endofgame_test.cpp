@@ -3,8 +3,6 @@
 namespace tarvane {
 namespace {
 
-constexpr std::int32_t G = kGreenWord, R = kRedWord, W = kWhiteWord;
-
 TEST(EndOfHalf, ThirdOutClearsTheField) {
     Scene scene;
     scene.Put("123", 2);
@@ -14,7 +12,7 @@ TEST(EndOfHalf, ThirdOutClearsTheField) {
     scene.state[Side::Visitor].Runs = 2;
     scene.state[Side::Home].box.pitching[0].R = 2;
     scene.state[Side::Visitor].box.batter[7].R = 2;
-    scene.Bat("F", R);
+    scene.Bat("F", kR);
     EXPECT_EQ(scene.state.BattingSide, Side::Home);
     EXPECT_EQ(scene.state.Inning, 1);
     EXPECT_EQ(scene.state.Outs, 0);
@@ -23,7 +21,7 @@ TEST(EndOfHalf, ThirdOutClearsTheField) {
     EXPECT_EQ(scene.state[Side::Visitor].InningRuns[0], 2);
     EXPECT_EQ(scene.state[Side::Visitor].LOB, 3);
     EXPECT_EQ(scene.state.HalfInningRuns, 0);
-    for (int out = 0; out < 3; ++out) scene.Bat("F", R);
+    for (int out = 0; out < 3; ++out) scene.Bat("F", kR);
     EXPECT_EQ(scene.state.BattingSide, Side::Visitor);
     EXPECT_EQ(scene.state.Inning, 2);
     EXPECT_EQ(scene.state[Side::Visitor].BatterSlot, 2);
@@ -37,13 +35,13 @@ TEST(EndOfHalf, CaughtForTheThirdOut) {
         scene.Put("1--", 2);
         scene.state.play.buntResult = BuntResult::TwoK;
         scene.Put(StealInput{'2'});
-        scene.data.compiled.StolenBase.fill(Scene::Filled(text, R));
+        scene.data.compiled.StolenBase.fill(Scene::Filled(text, kR));
         scene.Roll();
         EXPECT_EQ(scene.state.BattingSide, Side::Home);
         EXPECT_EQ(scene.state[Side::Visitor].BatterSlot, 1);
         EXPECT_EQ(scene.state.play.buntResult, BuntResult::None);
         EXPECT_EQ(scene.state[Side::Home].box.pitching[0].IPOuts, 3);
-        scene.Bat("F", R);  // the next play of the other side moves on as usual
+        scene.Bat("F", kR);  // the next play of the other side moves on as usual
         EXPECT_EQ(scene.state[Side::Home].BatterSlot, 2);
     }
 }
@@ -56,7 +54,7 @@ TEST(EndOfHalf, StaminaIsCheckedBeforeThePitch) {
     scene.Roll(39);
     EXPECT_EQ(scene.state.sheet, SheetCode::P);
     scene.Put("---", 2);
-    scene.Bat("F", R);
+    scene.Bat("F", kR);
     EXPECT_EQ(scene.state.BattingSide, Side::Home);
     EXPECT_EQ(scene.state.sheet, SheetCode::PS);
     scene.Roll(10);
@@ -72,10 +70,10 @@ TEST(EndOfGame, WalkOffsCountEveryRun) {
         int homeBefore, homeAfter;
         const char* after;
     };
-    const Case cases[]{{"1*", "-23", G, 3, 5, "b--:32"},
-                       {"HR", "123", G, 1, 5, "---:321b"},
-                       {"E", "--3", W, 3, 4, "b--:3"},
-                       {"SF", "--3", R, 3, 4, "---:3"},
+    const Case cases[]{{"1*", "-23", kG, 3, 5, "b--:32"},
+                       {"HR", "123", kG, 1, 5, "---:321b"},
+                       {"E", "--3", kW, 3, 4, "b--:3"},
+                       {"SF", "--3", kR, 3, 4, "---:3"},
                        {" ", "123", kStoredYellowWord, 3, 4, "b12:3"}};
     for (const Case& c : cases) {
         SCOPED_TRACE(c.text);
@@ -104,7 +102,7 @@ TEST(EndOfGame, RunnersAloneCanEndIt) {
     steal.LastInning(3, 3);
     steal.Put("--3");
     steal.Put(StealInput{'H'});
-    steal.data.compiled.StolenBase.fill(Scene::Filled(" ", G));
+    steal.data.compiled.StolenBase.fill(Scene::Filled(" ", kG));
     steal.Roll();
     EXPECT_TRUE(steal.state.WalkOff);
     Scene early;  // the same in the eighth goes on
@@ -113,7 +111,7 @@ TEST(EndOfGame, RunnersAloneCanEndIt) {
     early.state[Side::Visitor].box.pitching[0].IPOuts = 21;
     early.state[Side::Home].box.pitching[0].IPOuts = 24;
     early.Put("--3");
-    early.Bat("HR", G);
+    early.Bat("HR", kG);
     EXPECT_FALSE(early.state.GameOverFlag);
 }
 
@@ -145,7 +143,7 @@ TEST(EndOfGame, LastOuts) {
             scene.state[Other(leader)].box.pitching[0].Loss = true;
         }
         scene.Put("1--", 2);
-        scene.Bat("F", R);
+        scene.Bat("F", kR);
         EXPECT_EQ(scene.state.GameOverFlag, c.over);
         EXPECT_EQ(scene.state.BottomNotPlayed, c.bottomNotPlayed);
         EXPECT_FALSE(scene.state.WalkOff);
@@ -161,9 +159,9 @@ TEST(EndOfGame, MoreInningsThanTheLineHolds) {
     Scene scene;
     scene.state.Inning = 31;
     scene.state[Side::Home].box.pitching[0].IPOuts = scene.state[Side::Visitor].box.pitching[0].IPOuts = 90;
-    scene.Bat("HR", G);
+    scene.Bat("HR", kG);
     EXPECT_EQ(scene.state[Side::Visitor].Runs, 1);
-    for (int out = 0; out < 6; ++out) scene.Bat("F", R);
+    for (int out = 0; out < 6; ++out) scene.Bat("F", kR);
     EXPECT_TRUE(scene.state.GameOverFlag);
     EXPECT_EQ(scene.state[Side::Visitor].InningRuns, (std::array<std::int16_t, kMaxInnings>{}));
 }
@@ -186,13 +184,13 @@ TEST(Door, IllegalInputsChangeNothing) {
     swing.Roll();
     Scene& decision = add("extra base");
     decision.Put("1--");
-    decision.Bat("(2)", G);
+    decision.Bat("(2)", kG);
     Scene& defence = add("defensive decision");
     defence.Put("1-3");
-    defence.Bat("G", R);
+    defence.Bat("G", kR);
     Scene& over = add("over");
     over.LastInning(0, 0);
-    over.Bat("HR", G);
+    over.Bat("HR", kG);
     const PlayValues good;
     PlayValues bad;
     bad.ErrorColumn = 6;
@@ -262,7 +260,7 @@ TEST(Door, ReasonsForRunnersAndStarts) {
 TEST(Door, IntentionalWalkReadsNoChart) {
     Scene scene;
     scene.Put("-2-");
-    scene.Pitcher("G", R);
+    scene.Pitcher("G", kR);
     scene.state.play.ParkResult = ColumnEffect::FlyOut;
     EXPECT_EQ(scene.Put(IntentionalWalkInput{scene.values}), Reject::None);
     EXPECT_EQ(scene.Bases(), "b2-:");

@@ -8,6 +8,9 @@
 
 namespace tarvane {
 
+// The colours of cells, short for tables.
+inline constexpr std::int32_t kG = kGreenWord, kR = kRedWord, kB = kBlueWord, kY = kStoredYellowWord, kW = kWhiteWord;
+
 // One situation of a game on charts that say the same on every roll, so that a test chooses each result by itself. The
 // Visitors bat; the batter is in slot 1, and the men put on base by Put are those of slots 4, 5 and 6, written 1, 2 and
 // 3 by the base they started from; the batter is b.

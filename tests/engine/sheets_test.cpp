@@ -5,8 +5,6 @@ namespace {
 
 constexpr std::int32_t kOtherWord = 4711;
 
-constexpr std::int32_t G = kGreenWord, R = kRedWord, B = kBlueWord, Y = kStoredYellowWord, W = kWhiteWord;
-
 // The pitcher's cell with what stands beside it in the park's and the year's column: which test comes first. The sheet
 // that follows is P when the play is over.
 TEST(PitcherSheet, OrderOfTests) {
@@ -19,44 +17,44 @@ TEST(PitcherSheet, OrderOfTests) {
     };
     const Case cases[]{
         // A fly of the park and a grounder of the year beat everything but the pitcher's own outs, the park first.
-        {" ", G, "F", "G", Result::F, SheetCode::P},
-        {" ", Y, "F", " ", Result::F, SheetCode::P},
-        {"X", Y, " ", "G", Result::G, SheetCode::P},
-        {"E", W, " ", "G", Result::G, SheetCode::P},
-        {"WP", Y, "F", " ", Result::F, SheetCode::P},
-        {"SF", R, "F", "G", Result::F, SheetCode::P},
-        {"G", R, "F", " ", Result::G, SheetCode::P},
-        {" ", B, "F", "G", Result::K, SheetCode::P},
+        {" ", kG, "F", "G", Result::F, SheetCode::P},
+        {" ", kY, "F", " ", Result::F, SheetCode::P},
+        {"X", kY, " ", "G", Result::G, SheetCode::P},
+        {"E", kW, " ", "G", Result::G, SheetCode::P},
+        {"WP", kY, "F", " ", Result::F, SheetCode::P},
+        {"SF", kR, "F", "G", Result::F, SheetCode::P},
+        {"G", kR, "F", " ", Result::G, SheetCode::P},
+        {" ", kB, "F", "G", Result::K, SheetCode::P},
         {" ", kOtherWord, "F", " ", Result::F, SheetCode::P},
         // The letters of the two columns are not each other's.
-        {" ", G, "G", " ", Result::Swing, SheetCode::B},
-        {" ", G, " ", "F", Result::Swing, SheetCode::B},
-        {" ", G, "K", " ", Result::Swing, SheetCode::B},
-        {" ", G, " ", "K", Result::SwingK, SheetCode::B},
+        {" ", kG, "G", " ", Result::Swing, SheetCode::B},
+        {" ", kG, " ", "F", Result::Swing, SheetCode::B},
+        {" ", kG, "K", " ", Result::Swing, SheetCode::B},
+        {" ", kG, " ", "K", Result::SwingK, SheetCode::B},
         // A year's K yields to D and 1+, beats the power cells, and touches green only.
-        {"1+", G, " ", "K", Result::SinglePlus, SheetCode::P},
-        {"HR", G, " ", "K", Result::SwingK, SheetCode::B},
-        {"(hr)", G, " ", "K", Result::SwingK, SheetCode::B},
-        {"WP", Y, " ", "K", Result::WP, SheetCode::P},
-        {"H", Y, " ", "K", Result::HBP, SheetCode::P},
-        {"G", R, " ", "K", Result::G, SheetCode::P},
+        {"1+", kG, " ", "K", Result::SinglePlus, SheetCode::P},
+        {"HR", kG, " ", "K", Result::SwingK, SheetCode::B},
+        {"(hr)", kG, " ", "K", Result::SwingK, SheetCode::B},
+        {"WP", kY, " ", "K", Result::WP, SheetCode::P},
+        {"H", kY, " ", "K", Result::HBP, SheetCode::P},
+        {"G", kR, " ", "K", Result::G, SheetCode::P},
         // A 1+ beside the chart turns a plain swing into a single, and nothing else.
-        {" ", G, "1+", " ", Result::SinglePlus, SheetCode::P},
-        {" ", G, " ", "1+", Result::SinglePlus, SheetCode::P},
-        {"K", G, "1+", " ", Result::SwingK, SheetCode::B},
-        {"(HR)", G, "1+", " ", Result::SwingHR, SheetCode::B},
-        {"HR", G, " ", "1+", Result::SwingHR, SheetCode::B},
-        {" ", Y, "1+", "1+", Result::BB, SheetCode::P},
+        {" ", kG, "1+", " ", Result::SinglePlus, SheetCode::P},
+        {" ", kG, " ", "1+", Result::SinglePlus, SheetCode::P},
+        {"K", kG, "1+", " ", Result::SwingK, SheetCode::B},
+        {"(HR)", kG, "1+", " ", Result::SwingHR, SheetCode::B},
+        {"HR", kG, " ", "1+", Result::SwingHR, SheetCode::B},
+        {" ", kY, "1+", "1+", Result::BB, SheetCode::P},
         // Yellow and white by their text, and unknown cells swing.
-        {"BB", Y, " ", " ", Result::BB, SheetCode::P},
-        {"PB", Y, " ", " ", Result::PB, SheetCode::P},
-        {"X", Y, " ", " ", Result::YellowXInj, SheetCode::XI},
-        {"E", W, " ", " ", Result::E, SheetCode::P},
-        {"E", G, " ", " ", Result::Swing, SheetCode::B},
-        {"2", G, " ", " ", Result::Swing, SheetCode::B},
-        {"zzz", Y, " ", " ", Result::Swing, SheetCode::B},
-        {"G", W, " ", " ", Result::Swing, SheetCode::B},
-        {"zzz", R, " ", " ", Result::F, SheetCode::P},
+        {"BB", kY, " ", " ", Result::BB, SheetCode::P},
+        {"PB", kY, " ", " ", Result::PB, SheetCode::P},
+        {"X", kY, " ", " ", Result::YellowXInj, SheetCode::XI},
+        {"E", kW, " ", " ", Result::E, SheetCode::P},
+        {"E", kG, " ", " ", Result::Swing, SheetCode::B},
+        {"2", kG, " ", " ", Result::Swing, SheetCode::B},
+        {"zzz", kY, " ", " ", Result::Swing, SheetCode::B},
+        {"G", kW, " ", " ", Result::Swing, SheetCode::B},
+        {"zzz", kR, " ", " ", Result::F, SheetCode::P},
         {"G", kOtherWord, " ", " ", Result::Swing, SheetCode::B}};
     for (const Case& c : cases) {
         SCOPED_TRACE(fmt::format("{} in {} beside {} and {}", c.cell, c.color, c.park, c.year));
@@ -77,36 +75,36 @@ TEST(BatterSheet, EffectsOfTheFirstRoll) {
         std::int32_t color;
         Result result;
     };
-    const Case cases[]{{"K", " ", " ", "F", R, Result::K},
-                       {"K", " ", " ", " ", Y, Result::K},
-                       {"K", " ", " ", "E", W, Result::K},
-                       {"K", " ", " ", "2", G, Result::Double},
-                       {" ", " ", "K", "G", R, Result::K},
-                       {"(HR)", " ", " ", "HR", G, Result::SinglePlus},
-                       {"(HR)", " ", "HR", "HR", G, Result::SinglePlus},
-                       {"HR", " ", " ", "1", G, Result::HR},
-                       {"HR", "(2)", " ", "2", G, Result::HR},
-                       {" ", "HR", " ", "(3)", G, Result::HR},
-                       {" ", "HR", " ", "F", R, Result::F},
-                       {" ", "(hr)", " ", "HR", G, Result::SinglePlus},
-                       {" ", "(2)", " ", "2*", G, Result::SinglePlus},
-                       {" ", "(2)", "3", "2", G, Result::SinglePlus},
-                       {" ", "(2)", " ", "1", G, Result::Single},
-                       {" ", "2", " ", "(1)", G, Result::Double},
-                       {" ", "2", "3", "1", G, Result::Double},
-                       {" ", "2", " ", "2*", G, Result::DoubleAllScore},
-                       {" ", "(3)", " ", "3", G, Result::SinglePlus},
-                       {" ", "(3)", "HR", "3", G, Result::HR},
-                       {" ", "3", " ", "1+", G, Result::Triple},
-                       {" ", " ", "3", "(2)", G, Result::Triple},
-                       {" ", "3", " ", "HR", G, Result::HR},
-                       {" ", "3", " ", "K", B, Result::K},
-                       {" ", " ", " ", "zzz", G, Result::None},
-                       {" ", " ", " ", "zzz", W, Result::F},
-                       {" ", " ", " ", "zzz", Y, Result::F},
-                       {" ", " ", " ", "H", Y, Result::HBP},
+    const Case cases[]{{"K", " ", " ", "F", kR, Result::K},
+                       {"K", " ", " ", " ", kY, Result::K},
+                       {"K", " ", " ", "E", kW, Result::K},
+                       {"K", " ", " ", "2", kG, Result::Double},
+                       {" ", " ", "K", "G", kR, Result::K},
+                       {"(HR)", " ", " ", "HR", kG, Result::SinglePlus},
+                       {"(HR)", " ", "HR", "HR", kG, Result::SinglePlus},
+                       {"HR", " ", " ", "1", kG, Result::HR},
+                       {"HR", "(2)", " ", "2", kG, Result::HR},
+                       {" ", "HR", " ", "(3)", kG, Result::HR},
+                       {" ", "HR", " ", "F", kR, Result::F},
+                       {" ", "(hr)", " ", "HR", kG, Result::SinglePlus},
+                       {" ", "(2)", " ", "2*", kG, Result::SinglePlus},
+                       {" ", "(2)", "3", "2", kG, Result::SinglePlus},
+                       {" ", "(2)", " ", "1", kG, Result::Single},
+                       {" ", "2", " ", "(1)", kG, Result::Double},
+                       {" ", "2", "3", "1", kG, Result::Double},
+                       {" ", "2", " ", "2*", kG, Result::DoubleAllScore},
+                       {" ", "(3)", " ", "3", kG, Result::SinglePlus},
+                       {" ", "(3)", "HR", "3", kG, Result::HR},
+                       {" ", "3", " ", "1+", kG, Result::Triple},
+                       {" ", " ", "3", "(2)", kG, Result::Triple},
+                       {" ", "3", " ", "HR", kG, Result::HR},
+                       {" ", "3", " ", "K", kB, Result::K},
+                       {" ", " ", " ", "zzz", kG, Result::None},
+                       {" ", " ", " ", "zzz", kW, Result::F},
+                       {" ", " ", " ", "zzz", kY, Result::F},
+                       {" ", " ", " ", "H", kY, Result::HBP},
                        {" ", " ", " ", "F", kOtherWord, Result::F},
-                       {" ", " ", " ", "zzz", R, Result::F}};
+                       {" ", " ", " ", "zzz", kR, Result::F}};
     for (const Case& c : cases) {
         SCOPED_TRACE(fmt::format("{} after {} {} {}", c.cell, c.pitcher, c.park, c.year));
         Scene scene;
@@ -120,7 +118,7 @@ TEST(BatterSheet, EffectsOfTheFirstRoll) {
         scene.Batter(c.cell, c.color);
         scene.Roll();
         EXPECT_EQ(scene.state.play.PlayResult, c.result);
-        EXPECT_EQ(scene.state.Outs, c.color != G && c.result != Result::HBP ? 1 : 0);
+        EXPECT_EQ(scene.state.Outs, c.color != kG && c.result != Result::HBP ? 1 : 0);
     }
 }
 
@@ -133,13 +131,13 @@ TEST(PitcherSheet, FatigueTakesOutsAway) {
         Result result;
     };
     const Case cases[]{
-        {true, false, true, "G", R, 16, Result::Swing},      {true, false, true, "G", R, 15, Result::G},
-        {false, true, true, "G", R, 20, Result::Swing},      {false, false, true, "G", R, 20, Result::G},
-        {true, false, true, " ", B, 20, Result::SwingK},     {false, true, true, " ", B, 12, Result::SwingK},
-        {true, false, true, "D", G, 14, Result::SinglePlus}, {false, true, false, "D", G, 13, Result::SinglePlus},
-        {false, true, false, "D", G, 14, Result::Swing},     {false, true, true, "D", G, 15, Result::Swing},
-        {false, false, false, "D", G, 13, Result::Swing},    {true, false, true, " ", Y, 20, Result::BB},
-        {true, true, true, "H", Y, 20, Result::HBP}};
+        {true, false, true, "G", kR, 16, Result::Swing},      {true, false, true, "G", kR, 15, Result::G},
+        {false, true, true, "G", kR, 20, Result::Swing},      {false, false, true, "G", kR, 20, Result::G},
+        {true, false, true, " ", kB, 20, Result::SwingK},     {false, true, true, " ", kB, 12, Result::SwingK},
+        {true, false, true, "D", kG, 14, Result::SinglePlus}, {false, true, false, "D", kG, 13, Result::SinglePlus},
+        {false, true, false, "D", kG, 14, Result::Swing},     {false, true, true, "D", kG, 15, Result::Swing},
+        {false, false, false, "D", kG, 13, Result::Swing},    {true, false, true, " ", kY, 20, Result::BB},
+        {true, true, true, "H", kY, 20, Result::HBP}};
     for (const Case& c : cases) {
         SCOPED_TRACE(fmt::format("{} at {} tired {} {}", c.cell, c.roll, c.tired, c.intermediate));
         Scene scene;
@@ -197,7 +195,7 @@ TEST(PitcherSheet, DefensiveEraReplacesTheFirstSixRolls) {
         auto& era = scene.data.defensiveEra.range[range];
         era.StartRange = static_cast<std::uint8_t>(range * 10);
         era.EndRange = static_cast<std::uint8_t>(range * 10 + 9);
-        scene.data.eraCells[range].fill(CompileCell({range == 2 ? "F" : "WP", range == 2 ? R : Y}));
+        scene.data.eraCells[range].fill(CompileCell({range == 2 ? "F" : "WP", range == 2 ? kR : kY}));
     }
     scene.state[Side::Home].DRTotal = 25;
     scene.state[Side::Home].AutoOuts = AutoOutsFromTotal(25);
@@ -220,8 +218,9 @@ TEST(RatingTest, BelowTheRatingItStands) {
         Result result;
         bool tested;
     };
-    const Case cases[]{{B, 25, 24, Result::K, true},  {B, 25, 25, Result::Swing, true}, {B, 40, 39, Result::K, false},
-                       {Y, 25, 24, Result::BB, true}, {Y, 25, 25, Result::Swing, true}, {Y, 40, 39, Result::BB, false}};
+    const Case cases[]{{kB, 25, 24, Result::K, true},     {kB, 25, 25, Result::Swing, true},
+                       {kB, 40, 39, Result::K, false},    {kY, 25, 24, Result::BB, true},
+                       {kY, 25, 25, Result::Swing, true}, {kY, 40, 39, Result::BB, false}};
     for (const Case& c : cases) {
         SCOPED_TRACE(fmt::format("{} rating {} roll {}", c.color, c.rating, c.roll));
         LeagueRules rules = Scene::PlainRules();
@@ -229,8 +228,8 @@ TEST(RatingTest, BelowTheRatingItStands) {
         Scene scene(rules);
         scene.Pitcher(" ", c.color);
         auto& ratings = scene.data.team[Side::Visitor].batterCharts[0];
-        ratings.BBRating = static_cast<std::uint8_t>(c.color == Y ? c.rating : 40);
-        ratings.SORating = static_cast<std::uint8_t>(c.color == B ? c.rating : 40);
+        ratings.BBRating = static_cast<std::uint8_t>(c.color == kY ? c.rating : 40);
+        ratings.SORating = static_cast<std::uint8_t>(c.color == kB ? c.rating : 40);
         scene.Roll();
         EXPECT_EQ(scene.state.sheet == SheetCode::BBSO, c.tested);
         if (c.tested) scene.Roll(c.roll);
@@ -238,7 +237,7 @@ TEST(RatingTest, BelowTheRatingItStands) {
         EXPECT_EQ(scene.state.sheet, c.result == Result::Swing ? SheetCode::B : SheetCode::P);
         EXPECT_EQ(scene.state[Side::Home].box.pitching[0].AutoOuts, c.result == Result::K ? 1 : 0);
         if (c.result != Result::Swing) continue;
-        scene.Batter(" ", Y);  // a walk on the batter's own chart is not tested again
+        scene.Batter(" ", kY);  // a walk on the batter's own chart is not tested again
         scene.Roll();
         EXPECT_EQ(scene.state.play.PlayResult, Result::BB);
     }
@@ -247,9 +246,9 @@ TEST(RatingTest, BelowTheRatingItStands) {
 TEST(BatterSheet, WhichChartIsRead) {
     Scene scene;
     auto& charts = scene.data.team[Side::Visitor];
-    charts.batterCharts[0].vsL = Scene::Filled("3", G);
-    charts.batterCharts[0].vsR = Scene::Filled("2", G);
-    charts.pitcherCharts[0].Bat = Scene::Filled("HR", G);
+    charts.batterCharts[0].vsL = Scene::Filled("3", kG);
+    charts.batterCharts[0].vsR = Scene::Filled("2", kG);
+    charts.pitcherCharts[0].Bat = Scene::Filled("HR", kG);
     const auto hit = [&](std::int32_t throws, std::uint8_t slot) {
         Scene copy = scene;
         copy.state[Side::Home].PitcherThrows = throws;
@@ -313,11 +312,11 @@ TEST(Errors, OutsThatBecomeErrors) {
             for (auto& row : scene.data.compiled.ErrorStands) row.fill(c.stands);
             scene.values.ErrorRoll = static_cast<std::uint8_t>(c.roll);
             scene.Put("--3");
-            if (pitcherSheet) scene.Pitcher("SF", R);
+            if (pitcherSheet) scene.Pitcher("SF", kR);
             if (pitcherSheet)
                 scene.Roll();
             else
-                scene.Bat("SF", R);
+                scene.Bat("SF", kR);
             EXPECT_EQ(scene.state.play.PlayResult, c.error ? Result::E : Result::SF);
             EXPECT_EQ(scene.Bases(), c.error ? "b--:3" : "---:3");
             EXPECT_EQ(scene.state.Outs, c.error ? 0 : 1);
@@ -357,7 +356,7 @@ TEST(Fielding, WordsForTheBattersSideAndBallsThatReachTheOutfield) {
         scene.values.FlyFielderRoll = static_cast<std::uint8_t>(c.flyRoll);
         const std::string text = c.result;
         const bool out = text == "G" || text == "F" || text == "(F)";
-        scene.Bat(text, out ? R : G);
+        scene.Bat(text, out ? kR : kG);
         EXPECT_EQ(scene.state.play.FieldedBy, c.by);
     }
 }
@@ -371,9 +370,10 @@ TEST(Fielding, RowByKindOfPlay) {
         bool pitcherSheet;
         std::size_t row;
     };
-    const Case cases[]{{"G", R, 20, false, 0}, {"DP", R, 20, true, 0},  {"F", R, 20, false, 1},  {"1", G, 20, false, 4},
-                       {"1+", G, 20, true, 5}, {"HR", G, 20, false, 5}, {"SF", R, 20, false, 1}, {"E", W, 20, false, 6},
-                       {"E", W, 24, false, 6}, {"E", W, 12, false, 5},  {"E", W, 23, false, 5},  {"E", W, 12, true, 6}};
+    const Case cases[]{{"G", kR, 20, false, 0},  {"DP", kR, 20, true, 0}, {"F", kR, 20, false, 1},
+                       {"1", kG, 20, false, 4},  {"1+", kG, 20, true, 5}, {"HR", kG, 20, false, 5},
+                       {"SF", kR, 20, false, 1}, {"E", kW, 20, false, 6}, {"E", kW, 24, false, 6},
+                       {"E", kW, 12, false, 5},  {"E", kW, 23, false, 5}, {"E", kW, 12, true, 6}};
     constexpr std::array<const char*, 7> kFielders{"P", "C", "1B", "2B", "3B", "SS", "RF"};
     for (const Case& c : cases) {
         SCOPED_TRACE(fmt::format("{} kind {} pitcher's {}", c.text, c.kindRoll, c.pitcherSheet));

@@ -3,8 +3,6 @@
 namespace tarvane {
 namespace {
 
-constexpr std::int32_t G = kGreenWord, R = kRedWord, W = kWhiteWord, B = kBlueWord;
-
 class BuntScene : public Scene {
   public:
     explicit BuntScene(const char* bases, int outs = 0, BuntType asked = BuntType::Sacrifice) : Scene(PlainRules()) {
@@ -53,22 +51,22 @@ struct BuntCase {
 TEST(Bunt, EveryResult) {
     const auto S = BuntType::Sacrifice, Z = BuntType::Squeeze;
     const BuntCase cases[]{
-        {"1--", 0, S, "1", G, "b1-:", 0, Result::Single},  {"12-", 0, S, "1", G, "b12:", 0, Result::Single},
-        {"1-3", 0, S, "1", G, "b13:", 0, Result::Single},  {"12-", 0, S, "SH", R, "-12:", 1, Result::SH},
-        {"-2-", 1, S, "SH", G, "--2:", 2, Result::SH},     {"1-3", 0, S, "SH", R, "-13:", 1, Result::SH},
-        {"1--", 0, S, "FC", W, "b1-:", 0, Result::SH},     {"12-", 1, S, "FC", R, "b12:", 1, Result::SH},
-        {"1--", 0, S, "E", W, "b1-:", 0, Result::SH},      {"12-", 0, S, "F", R, "12-:", 1, Result::F},
-        {"1--", 0, S, "G", R, "b--:", 1, Result::FC},      {"12-", 0, S, "G", R, "b-2:", 1, Result::FC},
-        {"-2-", 0, S, "G", R, "-2-:", 1, Result::G},       {"1-3", 0, S, "G", R, "1-3:", 1, Result::G},
-        {"1--", 0, S, "DP", R, "---:", 2, Result::DP},     {"12-", 0, S, "DP", R, "--2:", 2, Result::DP},
-        {"-2-", 0, S, "DP", R, "-2-:", 1, Result::G},      {"1-3", 0, S, "DP", R, "1-3:", 1, Result::G},
-        {"12-", 1, S, "DP", R, "---:", 3, Result::G},      {"1--", 1, S, "DP", R, "---:", 3, Result::DP},
-        {"--3", 0, Z, "1", G, "b--:3", 0, Result::Single}, {"123", 0, Z, "1", G, "b12:3", 0, Result::Single},
-        {"-23", 0, Z, "SH", R, "--2:3", 1, Result::SH},    {"1-3", 1, Z, "SH", R, "-1-:3", 2, Result::SH},
-        {"--3", 0, Z, "FC", W, "b--:3", 0, Result::SH},    {"123", 0, Z, "E", W, "b12:3", 0, Result::SH},
-        {"-23", 0, Z, "F", R, "-2-:", 2, Result::F},       {"--3", 1, Z, "F", R, "---:", 3, Result::F},
-        {"123", 0, Z, "G", R, "b12:", 1, Result::FC},      {"-23", 0, Z, "G", R, "-23:", 1, Result::G},
-        {"123", 1, Z, "DP", R, "---:", 3, Result::G},      {"--3", 0, Z, "DP", R, "--3:", 1, Result::G}};
+        {"1--", 0, S, "1", kG, "b1-:", 0, Result::Single},  {"12-", 0, S, "1", kG, "b12:", 0, Result::Single},
+        {"1-3", 0, S, "1", kG, "b13:", 0, Result::Single},  {"12-", 0, S, "SH", kR, "-12:", 1, Result::SH},
+        {"-2-", 1, S, "SH", kG, "--2:", 2, Result::SH},     {"1-3", 0, S, "SH", kR, "-13:", 1, Result::SH},
+        {"1--", 0, S, "FC", kW, "b1-:", 0, Result::SH},     {"12-", 1, S, "FC", kR, "b12:", 1, Result::SH},
+        {"1--", 0, S, "E", kW, "b1-:", 0, Result::SH},      {"12-", 0, S, "F", kR, "12-:", 1, Result::F},
+        {"1--", 0, S, "G", kR, "b--:", 1, Result::FC},      {"12-", 0, S, "G", kR, "b-2:", 1, Result::FC},
+        {"-2-", 0, S, "G", kR, "-2-:", 1, Result::G},       {"1-3", 0, S, "G", kR, "1-3:", 1, Result::G},
+        {"1--", 0, S, "DP", kR, "---:", 2, Result::DP},     {"12-", 0, S, "DP", kR, "--2:", 2, Result::DP},
+        {"-2-", 0, S, "DP", kR, "-2-:", 1, Result::G},      {"1-3", 0, S, "DP", kR, "1-3:", 1, Result::G},
+        {"12-", 1, S, "DP", kR, "---:", 3, Result::G},      {"1--", 1, S, "DP", kR, "---:", 3, Result::DP},
+        {"--3", 0, Z, "1", kG, "b--:3", 0, Result::Single}, {"123", 0, Z, "1", kG, "b12:3", 0, Result::Single},
+        {"-23", 0, Z, "SH", kR, "--2:3", 1, Result::SH},    {"1-3", 1, Z, "SH", kR, "-1-:3", 2, Result::SH},
+        {"--3", 0, Z, "FC", kW, "b--:3", 0, Result::SH},    {"123", 0, Z, "E", kW, "b12:3", 0, Result::SH},
+        {"-23", 0, Z, "F", kR, "-2-:", 2, Result::F},       {"--3", 1, Z, "F", kR, "---:", 3, Result::F},
+        {"123", 0, Z, "G", kR, "b12:", 1, Result::FC},      {"-23", 0, Z, "G", kR, "-23:", 1, Result::G},
+        {"123", 1, Z, "DP", kR, "---:", 3, Result::G},      {"--3", 0, Z, "DP", kR, "--3:", 1, Result::G}};
     for (const BuntCase& c : cases) {
         SCOPED_TRACE(fmt::format("{} with {}, {} out", c.text, c.bases, c.outs));
         BuntScene scene(c.bases, c.outs, c.asked);
@@ -90,33 +88,33 @@ TEST(Bunt, EveryResult) {
 // Who is charged and who is credited: on an error its man and the half's mark, on a pop-up the man at third as well.
 TEST(Bunt, CreditsAndMarks) {
     BuntScene error("1--");
-    error.Read("E", W);
+    error.Read("E", kW);
     EXPECT_EQ(error.Fielder(Position::SS).Errors, 1);
     EXPECT_TRUE(error.state.ErrorInInning);
     EXPECT_TRUE(error.state.Batting().runner[1].Unearned);
     EXPECT_EQ(error.state[Side::Visitor].box.batter[0].total.SH, 1);
     BuntScene popped("--3", 0, BuntType::Squeeze);
-    popped.Read("F", R);
+    popped.Read("F", kR);
     EXPECT_EQ(popped.Fielder(Position::B3).PutOuts, 1);
     EXPECT_EQ(popped.Fielder(Position::SS).PutOuts, 1);
     BuntScene forced("1--");
-    forced.Read("G", R);
+    forced.Read("G", kR);
     EXPECT_EQ(forced.Fielder(Position::B2).PutOuts, 1);
     BuntScene home("123");
-    home.Read("G", R);
+    home.Read("G", kR);
     EXPECT_EQ(home.Fielder(Position::C).PutOuts, 1);
 }
 
 TEST(Bunt, FoulOnTheSecondStrike) {
     for (const bool again : {true, false}) {
         BuntScene scene("1--");
-        scene.Read("2K", W);
+        scene.Read("2K", kW);
         ASSERT_EQ(scene.state.awaited.decision, DecisionKind::FurtherBunt);
         ASSERT_EQ(scene.state.awaited.side, Side::Visitor);
         scene.Answer(again);
         EXPECT_EQ(scene.state.sheet, again ? SheetCode::Bt : SheetCode::P);
         if (again) {
-            scene.Read("2K", W);
+            scene.Read("2K", kW);
             EXPECT_EQ(scene.state.play.PlayResult, Result::K);
             EXPECT_EQ(scene.state.Outs, 1);
             EXPECT_EQ(scene.state.Batting().BatterSlot, 2);
@@ -125,8 +123,8 @@ TEST(Bunt, FoulOnTheSecondStrike) {
         }
         // Held back: the strikes stay, and one more foul on the pitcher's sheet is an out there.
         Scene out = scene, in = scene;
-        out.Pitcher("1+", G);
-        in.Pitcher("1+", G);
+        out.Pitcher("1+", kG);
+        in.Pitcher("1+", kG);
         out.Roll(36);
         EXPECT_EQ(out.state.play.PlayResult, Result::K);
         in.Roll(37);
@@ -139,24 +137,24 @@ TEST(Bunt, FoulOnTheSecondStrike) {
 
 TEST(Bunt, StrikesGoWithTheBatter) {
     BuntScene walked("1--");  // an intentional walk
-    walked.Read("2K", W);
+    walked.Read("2K", kW);
     walked.Answer(false);
     walked.Put(IntentionalWalkInput{walked.values});
     EXPECT_EQ(walked.Bases(), "b1-:");
-    walked.Pitcher("1+", G);
+    walked.Pitcher("1+", kG);
     walked.Roll(35);
     EXPECT_EQ(walked.state.play.PlayResult, Result::SinglePlus);
     BuntScene caught("1--", 1);  // a further bunt may be asked for at the next pitch
-    caught.Read("2K", W);
+    caught.Read("2K", kW);
     caught.Answer(false);
     EXPECT_EQ(caught.Put(BuntInput{BuntType::Sacrifice}), Reject::None);
-    caught.Read("2K", W);
+    caught.Read("2K", kW);
     EXPECT_EQ(caught.state.play.PlayResult, Result::K);
     EXPECT_EQ(caught.state.Outs, 2);
 }
 
 TEST(Bunt, NothingComesOfAnUnknownCell) {
-    for (const auto& [text, color] : {std::pair{" ", B}, std::pair{" ", W}, std::pair{"HR", G}}) {
+    for (const auto& [text, color] : {std::pair{" ", kB}, std::pair{" ", kW}, std::pair{"HR", kG}}) {
         BuntScene scene("1--");
         scene.Read(text, color);
         EXPECT_EQ(scene.state.sheet, SheetCode::P);
@@ -171,11 +169,11 @@ TEST(Bunt, NothingComesOfAnUnknownCell) {
 TEST(Bunt, MissedSqueeze) {
     for (const bool safe : {true, false}) {
         BuntScene scene("-23", 0, BuntType::Squeeze);
-        scene.Read(" ", B);
+        scene.Read(" ", kB);
         ASSERT_EQ(scene.state.sheet, SheetCode::S);
         EXPECT_EQ(scene.state.play.StealRow, 13 + scene.state.Batting().lineup[5].runRating);
         EXPECT_EQ(scene.state.play.buntResult, BuntResult::None);
-        scene.data.compiled.StolenBase.fill(Scene::Filled(" ", safe ? G : R));
+        scene.data.compiled.StolenBase.fill(Scene::Filled(" ", safe ? kG : kR));
         scene.Roll();
         EXPECT_EQ(scene.Bases(), safe ? "-2-:3" : "-2-:");
         EXPECT_EQ(scene.state.Outs, safe ? 0 : 1);
@@ -187,7 +185,7 @@ TEST(Bunt, MissedSqueeze) {
 TEST(Bunt, DefensiveDecisionOnASqueeze) {
     for (const bool yes : {true, false}) {
         BuntScene scene("1-3", 0, BuntType::Squeeze);
-        scene.Read("G", R);
+        scene.Read("G", kR);
         ASSERT_EQ(scene.state.awaited.decision, DecisionKind::Defensive);
         ASSERT_EQ(scene.state.awaited.side, Side::Home);
         scene.Answer(yes);
@@ -211,24 +209,24 @@ TEST(Steal, EveryResultForEveryBase) {
         int earned;
         bool error, marksHalf;
     };
-    const Case cases[]{{'2', "1-3", " ", G, "-13:", Result::SB, 0, false, false},
-                       {'2', "1-3", "E", G, "--1:3", Result::SB, 0, true, false},
-                       {'2', "1-3", "BK", W, "-1-:3", Result::BK, 1, false, false},
-                       {'2', "1--", "E", W, "-1-:", Result::CSE, 0, true, true},
-                       {'2', "1-3", " ", R, "--3:", Result::CS, 0, false, false},
-                       {'2', "1--", "PK", R, "---:", Result::PK, 0, false, false},
-                       {'3', "12-", " ", G, "1-2:", Result::SB, 0, false, false},
-                       {'3', "12-", "E", G, "--1:2", Result::SB, 0, true, false},
-                       {'3', "12-", "BK", W, "-12:", Result::BK, 0, false, false},
-                       {'3', "-2-", "E", W, "--2:", Result::CSE, 0, true, true},
-                       {'3', "12-", " ", R, "1--:", Result::CS, 0, false, false},
-                       {'3', "-2-", "x", R, "---:", Result::PK, 0, false, false},
-                       {'H', "123", " ", G, "12-:3", Result::SB, 1, false, false},
-                       {'H', "123", "E", G, "-12:3", Result::SB, 1, true, false},
-                       {'H', "1-3", "BK", W, "-1-:3", Result::BK, 1, false, false},
-                       {'H', "-23", "E", W, "-2-:3", Result::CSE, 0, true, true},
-                       {'H', "123", " ", R, "12-:", Result::CS, 0, false, false},
-                       {'H', "--3", "PK", R, "---:", Result::PK, 0, false, false}};
+    const Case cases[]{{'2', "1-3", " ", kG, "-13:", Result::SB, 0, false, false},
+                       {'2', "1-3", "E", kG, "--1:3", Result::SB, 0, true, false},
+                       {'2', "1-3", "BK", kW, "-1-:3", Result::BK, 1, false, false},
+                       {'2', "1--", "E", kW, "-1-:", Result::CSE, 0, true, true},
+                       {'2', "1-3", " ", kR, "--3:", Result::CS, 0, false, false},
+                       {'2', "1--", "PK", kR, "---:", Result::PK, 0, false, false},
+                       {'3', "12-", " ", kG, "1-2:", Result::SB, 0, false, false},
+                       {'3', "12-", "E", kG, "--1:2", Result::SB, 0, true, false},
+                       {'3', "12-", "BK", kW, "-12:", Result::BK, 0, false, false},
+                       {'3', "-2-", "E", kW, "--2:", Result::CSE, 0, true, true},
+                       {'3', "12-", " ", kR, "1--:", Result::CS, 0, false, false},
+                       {'3', "-2-", "x", kR, "---:", Result::PK, 0, false, false},
+                       {'H', "123", " ", kG, "12-:3", Result::SB, 1, false, false},
+                       {'H', "123", "E", kG, "-12:3", Result::SB, 1, true, false},
+                       {'H', "1-3", "BK", kW, "-1-:3", Result::BK, 1, false, false},
+                       {'H', "-23", "E", kW, "-2-:3", Result::CSE, 0, true, true},
+                       {'H', "123", " ", kR, "12-:", Result::CS, 0, false, false},
+                       {'H', "--3", "PK", kR, "---:", Result::PK, 0, false, false}};
     for (const Case& c : cases) {
         SCOPED_TRACE(fmt::format("{} with {}: {}", c.target, c.bases, c.text));
         Scene scene;
@@ -288,7 +286,7 @@ TEST(Steal, WhoDropsTheThrow) {
         scene.Put(c.target == '2' ? "1--" : c.target == '3' ? "-2-" : "--3");
         scene.state.AtBat().bats = c.bats;
         scene.Put(StealInput{c.target});
-        scene.data.compiled.StolenBase.fill(Scene::Filled("E", W));
+        scene.data.compiled.StolenBase.fill(Scene::Filled("E", kW));
         Scene held = scene;
         scene.Roll();
         EXPECT_EQ(scene.Fielder(c.by).Errors, 1) << c.target;
@@ -305,16 +303,16 @@ TEST(Steal, WhoDropsTheThrow) {
 class InjuryScene : public Scene {
   public:
     explicit InjuryScene(const char* first, bool dh = false) : Scene(PlainRules(), dh) {
-        data.compiled.YellowXInjuries[0] = Filled(first, W);
+        data.compiled.YellowXInjuries[0] = Filled(first, kW);
         Pitcher("X", kStoredYellowWord);
         Roll();
         EXPECT_EQ(state.sheet, SheetCode::XI);
         Roll();
     }
     void Hurt(const char* position) {
-        data.compiled.YellowXInjuries[1] = Filled(position, W);
+        data.compiled.YellowXInjuries[1] = Filled(position, kW);
         Roll();
-        data.compiled.YellowXInjuries[2] = Filled("8", W);
+        data.compiled.YellowXInjuries[2] = Filled("8", kW);
         Roll();
     }
     LineupInput Forced() {
@@ -342,7 +340,7 @@ TEST(YellowX, ResultsOfBothCharts) {
             SCOPED_TRACE(fmt::format("{} injuries {}", c.text, injuries));
             Scene scene;
             scene.data.rules.UseYellowXInjuryChart = injuries;
-            scene.data.compiled.YellowXBasic = scene.data.compiled.YellowXInjuries[0] = Scene::Filled(c.text, W);
+            scene.data.compiled.YellowXBasic = scene.data.compiled.YellowXInjuries[0] = Scene::Filled(c.text, kW);
             scene.Put("1-3");
             scene.Pitcher("X", kStoredYellowWord);
             scene.Roll();
@@ -394,7 +392,7 @@ TEST(YellowX, BatterHurt) {
     EXPECT_EQ(scene.Bases(), "b--:");
     EXPECT_EQ(scene.state.sheet, SheetCode::XI);
     InjuryScene unhurt = scene, computer = scene;
-    scene.data.compiled.YellowXInjuries[2] = Scene::Filled("8", W);
+    scene.data.compiled.YellowXInjuries[2] = Scene::Filled("8", kW);
     scene.Roll();
     ASSERT_EQ(scene.state.awaited.kind, Await::LineupChange);
     EXPECT_EQ(scene.state.awaited.side, Side::Visitor);
@@ -402,12 +400,12 @@ TEST(YellowX, BatterHurt) {
     EXPECT_EQ(scene.Put(scene.Forced()), Reject::None);
     EXPECT_EQ(scene.Bases(), "b--:");  // the man who runs for him stands in his slot
     EXPECT_EQ(scene.state[Side::Visitor].lineup[0].player, (PlayerRef{'B', 8}));
-    unhurt.data.compiled.YellowXInjuries[2] = Scene::Filled("8", B);
+    unhurt.data.compiled.YellowXInjuries[2] = Scene::Filled("8", kB);
     unhurt.Roll();
     EXPECT_EQ(unhurt.state.sheet, SheetCode::P);
     EXPECT_EQ(unhurt.state.injuryCount, 0);
     computer.state.computer[Side::Visitor].subs = true;  // its replacements know fielders only
-    computer.data.compiled.YellowXInjuries[2] = Scene::Filled("8", W);
+    computer.data.compiled.YellowXInjuries[2] = Scene::Filled("8", kW);
     computer.Roll();
     EXPECT_EQ(computer.state.awaited.kind, Await::Roll);
     EXPECT_EQ(computer.state.injuryCount, 0);
@@ -423,7 +421,7 @@ TEST(YellowX, NobodyLeftPlaysHurt) {
     EXPECT_EQ(scene.state.sheet, SheetCode::P);
     EXPECT_EQ(scene.state.injuryCount, 0);
     InjuryScene nowhere("I");  // a chart without positions hurts nobody
-    nowhere.data.compiled.YellowXInjuries[1] = Scene::Filled(" ", W);
+    nowhere.data.compiled.YellowXInjuries[1] = Scene::Filled(" ", kW);
     nowhere.Roll();
     EXPECT_EQ(nowhere.state.sheet, SheetCode::P);
 }
