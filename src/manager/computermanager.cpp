@@ -76,8 +76,10 @@ bool ComputerManager::Strategy(const GameData& data, const GameState& state, Inp
     return Check(data, state, input) == Reject::None;
 }
 
-bool ComputerManager::Propose(const GameData& data, const GameState& state, const LineupInput& lineup, Input& input) {
-    input = lineup;
+bool ComputerManager::Propose(const GameData& data, const GameState& state, const std::optional<LineupInput>& lineup,
+                              Input& input) {
+    if (!lineup) return false;
+    input = *lineup;
     return Check(data, state, input) == Reject::None;
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include "manager/pitchersearch.h"
 #include "manager/substitution.h"
 
@@ -30,13 +32,11 @@ class ComputerManager final : public Manager {
 
     bool PitcherInReserve(const GameData& data, const GameState& state);
     bool MayEnter(const GameData& data, const GameState& state, int batter);
-    int FirstOfDepth(const GameData& data, const GameState& state, Position position);
     bool SlowRunnersOnly(const GameState& state) const;
-    bool Propose(const GameData& data, const GameState& state, const LineupInput& lineup, Input& input);
+    bool Propose(const GameData& data, const GameState& state, const std::optional<LineupInput>& lineup, Input& input);
 
     PlayerRef ReplacementAt(const GameData& data, const GameState& state, Position position);
-    bool PutPitcherIn(const GameData& data, const GameState& state, LineupInput& lineup);
-    void FillField(const GameData& data, const GameState& state, LineupInput& lineup);
+    PlayerRef ForcedPitcher(const GameData& data, const GameState& state);
 
     // The turn at bat for which a pinch hitter or runner went in: the other side's batters faced, and the inning.
     struct Turn {

@@ -15,25 +15,6 @@ namespace {
 constexpr int kSeasonGamesOfUse = 154;
 constexpr int kGamesBeforeUse = 3;
 
-// Puts a pitcher into a line-up: without a DH into the place of the pitcher, of the man who batted or ran for him, or
-// of the one just hurt. False if no slot is left for him.
-bool SetPitcher(LineupInput& lineup, int index, bool dhUsed) {
-    lineup.pitcher = {'P', static_cast<std::int16_t>(index)};
-    if (dhUsed) return true;
-    for (std::size_t slot = 0; slot < 9; ++slot) {
-        const Position at = lineup.position[slot];
-        if (at != Position::P && at != Position::PH && at != Position::PR && at != Position::Inj) continue;
-        lineup.player[slot] = lineup.pitcher;
-        lineup.position[slot] = Position::P;
-        return true;
-    }
-    return false;
-}
-
-bool HasPosition(const LineupInput& lineup, Position position) {
-    return std::find(lineup.position.begin(), lineup.position.end(), position) != lineup.position.end();
-}
-
 std::vector<int> DepthMen(const TeamRoster& roster, Position position) {
     std::vector<int> men;
     const LineupList* list = FindList(roster, 'D', position);
@@ -77,8 +58,8 @@ bool ComputerManager::ChangePitcher(const GameData& data, const GameState& state
     PitcherSearch search(data, state, side_, knowledge_, random_);
     const PitcherFound found = search.Find(move == PitchingMove::Closer);
     if (found.index < 0) return false;
-    LineupInput lineup = CurrentLineup(state, side_);
-    if (!SetPitcher(lineup, found.index, data.DHUsed) || !Propose(data, state, lineup, input)) return false;
+    const auto lineup = BringInPitcher(data, state, side_, {'P', static_cast<std::int16_t>(found.index)});
+    if (!Propose(data, state, lineup, input)) return false;
     closerIn_ = found.closer;
     return true;
 }
@@ -111,8 +92,8 @@ bool ComputerManager::BattingSubs(const GameData& data, const GameState& state, 
 bool ComputerManager::SendPinchRunner(const GameData& data, const GameState& state, Input& input) {
     const TeamState& team = state[side_];
     const TeamRoster& roster = data[side_].roster;
-    const auto slot = static_cast<std::size_t>((team.runner[2].On() ? team.runner[2] : team.runner[1]).slot - 1);
-    const Position position = team.lineup[slot].position;
+    const int slot = (team.runner[2].On() ? team.runner[2] : team.runner[1]).slot - 1;
+    const Position position = team.lineup[static_cast<std::size_t>(slot)].position;
     const bool pitcher = position == Position::P;
     if (pitcher && !PitcherInReserve(data, state)) return false;
     std::vector<int> men;
@@ -126,9 +107,8 @@ bool ComputerManager::SendPinchRunner(const GameData& data, const GameState& sta
     for (const int man : men) {
         if (speed(man) <= 1) return false;
         if (!MayEnter(data, state, man)) continue;
-        LineupInput lineup = CurrentLineup(state, side_);
-        lineup.player[slot] = {'B', static_cast<std::int16_t>(man)};
-        if (pitcher) lineup.position[slot] = Position::PR;
+        const PlayerRef runner{'B', static_cast<std::int16_t>(man)};
+        const auto lineup = Pinch(data, state, side_, slot + 1, runner, pitcher ? Position::PR : position);
         if (!Propose(data, state, lineup, input)) return false;
         pinchMove_ = TurnOf(state);
         return true;
@@ -138,8 +118,8 @@ bool ComputerManager::SendPinchRunner(const GameData& data, const GameState& sta
 
 bool ComputerManager::SendPinchHitter(const GameData& data, const GameState& state, Input& input) {
     const TeamRoster& roster = data[side_].roster;
-    const auto slot = static_cast<std::size_t>(state[side_].BatterSlot - 1);
-    const LineupSlot& batter = state[side_].lineup[slot];
+    const int slot = state[side_].BatterSlot - 1;
+    const LineupSlot& batter = state.AtBat();
     const bool pitcher = batter.position == Position::P;
     if (batter.position == Position::None || (pitcher && !PitcherInReserve(data, state))) return false;
     std::vector<int> men = DepthMen(roster, pitcher ? Position::PH : batter.position);
@@ -151,9 +131,8 @@ bool ComputerManager::SendPinchHitter(const GameData& data, const GameState& sta
     }
     for (const int man : men) {
         if (!MayEnter(data, state, man)) continue;
-        LineupInput lineup = CurrentLineup(state, side_);
-        lineup.player[slot] = {'B', static_cast<std::int16_t>(man)};
-        if (pitcher) lineup.position[slot] = Position::PH;
+        const PlayerRef hitter{'B', static_cast<std::int16_t>(man)};
+        const auto lineup = Pinch(data, state, side_, slot + 1, hitter, pitcher ? Position::PH : batter.position);
         if (!Propose(data, state, lineup, input)) return false;
         pinchMove_ = TurnOf(state);
         return true;
@@ -163,85 +142,44 @@ bool ComputerManager::SendPinchHitter(const GameData& data, const GameState& sta
 
 // --- changes that the game asks for ---
 
-// The depth chart of the position, then the roster; then whoever has not played, use or no use; then a spare pitcher.
+// The depth chart of the position, then the roster in its order, use or no use; nobody if only spare pitchers are left.
 PlayerRef ComputerManager::ReplacementAt(const GameData& data, const GameState& state, Position position) {
     std::vector<int> men = DepthMen(data[side_].roster, position);
     AppendRoster(data[side_].roster, men);
     for (const int man : men)
         if (MayEnter(data, state, man)) return {'B', static_cast<std::int16_t>(man)};
-    const auto allowed = [&](PlayerRef man) {
-        return !InGame(data, state, side_, man) && CheckEntering(data, state, side_, man) == Reject::None;
-    };
-    for (const int man : men)
-        if (const PlayerRef batter{'B', static_cast<std::int16_t>(man)}; allowed(batter)) return batter;
-    for (std::size_t i = 0; i < data[side_].roster.pitchers.size(); ++i)
-        if (const PlayerRef arm{'P', static_cast<std::int16_t>(i)}; allowed(arm)) return arm;
     return {};
 }
 
-bool ComputerManager::PutPitcherIn(const GameData& data, const GameState& state, LineupInput& lineup) {
+PlayerRef ComputerManager::ForcedPitcher(const GameData& data, const GameState& state) {
     PitcherSearch search(data, state, side_, knowledge_, random_);
     const int lead = state[side_].Runs - state[Other(side_)].Runs;
     const bool wantsCloser = lead >= 1 && lead <= 3 && state.Inning >= 9;
-    PitcherFound found =
-        state.awaited.cause == LineupCause::InjuredFielder ? search.FindForInjury() : search.Find(wantsCloser);
+    const bool hurt = state.awaited.cause == LineupCause::InjuredFielder;
+    PitcherFound found = hurt ? search.FindForInjury() : search.Find(wantsCloser);
     if (found.index < 0) found = search.FindAnybody();
-    if (found.index < 0 || !SetPitcher(lineup, found.index, data.DHUsed)) return false;
     closerIn_ = found.closer;
-    return true;
-}
-
-// Gives every slot without a place in the field one of the places left: its own man if he knows the place, else a man
-// of its depth chart, else its own man after all.
-void ComputerManager::FillField(const GameData& data, const GameState& state, LineupInput& lineup) {
-    std::vector<Position> open;
-    for (int p = static_cast<int>(Position::C); p <= static_cast<int>(Position::RF); ++p)
-        if (!HasPosition(lineup, static_cast<Position>(p))) open.push_back(static_cast<Position>(p));
-    if (data.DHUsed && !HasPosition(lineup, Position::DH)) open.push_back(Position::DH);
-    for (const bool known : {true, false})
-        for (std::size_t slot = 0; slot < 9; ++slot) {
-            const Position at = lineup.position[slot];
-            if (IsFielder(at) || at == Position::DH || open.empty()) continue;
-            const auto knows = [&](Position p) {
-                return p == Position::DH || RatingAt(data[side_].roster, lineup.player[slot], p);
-            };
-            auto place = std::find_if(open.begin(), open.end(), knows);
-            if (place == open.end()) {
-                if (known) continue;
-                place = open.begin();
-                GameState others = state;  // the men placed so far are in the game
-                for (std::size_t i = 0; i < 9; ++i) others[side_].lineup[i].player = lineup.player[i];
-                const PlayerRef man = ReplacementAt(data, others, *place);
-                if (!man.Nobody() && RatingAt(data[side_].roster, man, *place)) lineup.player[slot] = man;
-            }
-            lineup.position[slot] = *place;
-            open.erase(place);
-        }
+    return {'P', static_cast<std::int16_t>(found.index)};
 }
 
 bool ComputerManager::ForcedLineup(const GameData& data, const GameState& state, Side side, LineupInput& lineup) {
     if (!state.computer[side].subs) return Manager::ForcedLineup(data, state, side, lineup);
-    LineupInput next = CurrentLineup(state, side);
     const Awaited& awaited = state.awaited;
+    const auto& slots = state[side].lineup;
     const bool injury = awaited.cause == LineupCause::InjuredFielder || awaited.cause == LineupCause::InjuredBatter;
-    const bool pitcherHurt = injury && awaited.position == Position::P;
-    const bool fielding = side == state.FieldingSide();
-    bool done = true;
-    if (injury && !pitcherHurt && awaited.slot >= 1) {
-        const auto slot = static_cast<std::size_t>(awaited.slot - 1);
-        next.player[slot] = ReplacementAt(data, state, awaited.position);
-        if (awaited.position != Position::None) next.position[slot] = awaited.position;
-        done = !next.player[slot].Nobody();
+    const bool stands = data.DHUsed || std::any_of(slots.begin(), slots.end(),
+                                                   [](const LineupSlot& s) { return s.position == Position::P; });
+    std::optional<LineupInput> next;
+    if (injury && awaited.position != Position::P) {
+        next = ReplaceInjured(data, state, side, ReplacementAt(data, state, awaited.position));
+    } else if (injury || awaited.cause == LineupCause::RelieverLimit || state[side].pitcher.Nobody() || !stands) {
+        next = BringInPitcher(data, state, side, ForcedPitcher(data, state));
     }
-    const bool needsPitcher = pitcherHurt || awaited.cause == LineupCause::RelieverLimit || next.pitcher.Nobody() ||
-                              (fielding && !data.DHUsed && !HasPosition(next, Position::P));
-    if (done && needsPitcher) done = PutPitcherIn(data, state, next);
-    if (done && fielding) FillField(data, state, next);
-    if (done && Check(data, state, Input{next}) == Reject::None) {
-        lineup = next;
-        return true;
-    }
-    return Manager::ForcedLineup(data, state, side, lineup);
+    if (!next) next = AnswerForcedChange(data, state, side);
+    if (!next || Check(data, state, Input{*next}) != Reject::None)
+        return Manager::ForcedLineup(data, state, side, lineup);
+    lineup = *next;
+    return true;
 }
 
 }  // namespace tarvane
