@@ -70,7 +70,8 @@ Connection::Connection(const std::filesystem::path& path, bool create) : path_(p
 }
 
 void Connection::Open(bool create) {
-    const int flags = SQLITE_OPEN_READWRITE | (create ? SQLITE_OPEN_CREATE : 0);
+    // No two threads ever share a connection, so the engine's own lock is left out.
+    const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | (create ? SQLITE_OPEN_CREATE : 0);
     if (sqlite3_open_v2(path_.string().c_str(), &handle_, flags, nullptr) != SQLITE_OK)
         throw DatabaseError(SQLITE_CANTOPEN,
                             fmt::format("The database {} can't be opened: {}. Check that you may write to its folder.",
