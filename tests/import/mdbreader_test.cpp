@@ -88,6 +88,8 @@ TEST(MdbReader, HelperIsNotTrusted) {
     EXPECT_THAT(MessageWithHelper(begin + row + "printf 'E\\1\\0\\0\\0\\1\\0\\0\\0Z'"),
                 HasSubstr("2 rows, but 1 were found"));
     EXPECT_THAT(MessageWithHelper(begin + row + end), HasSubstr("lost its way")) << "a row was lost on the road";
+    EXPECT_THAT(MessageWithHelper(begin + row + "printf Z"), HasSubstr("lost its way")) << "the table has no end";
+    EXPECT_THAT(MessageWithHelper(begin + row + begin.substr(0, 8) + begin.substr(17)), HasSubstr("lost its way"));
     EXPECT_THAT(MessageWithHelper(begin + row + row), HasSubstr("ends early"));
     EXPECT_THAT(MessageWithHelper(begin + row + row + end + "kill -9 $$"), HasSubstr("signal 9"));
     EXPECT_THAT(MessageWithHelper(begin + row + row + end + "exit 3"), HasSubstr("code 3"));
