@@ -10,6 +10,7 @@
 #include "base/text.h"
 #include "data/lineups.h"
 #include "data/teams.h"
+#include "import/dhrule.h"
 #include "import/roster.h"
 #include "import/teamcolors.h"
 #include "records/player.h"
@@ -147,6 +148,7 @@ void WriteTeam(SeasonTables& tables, const LahmanTeam& team, const ImportSetting
     row.Set("RdBackClr", Number(colors.RdBackClr));
     if (settings.setTeamColors) row.Set("ImageFile", FindTeamImage(paths.TeamImages(), shortName));
     if (park != parks.end()) row.Set("ParkID", Number(park->second));
+    row.SetBool("HomeDH", PlayedWithDH(team.lgID, team.yearID));
     row.Update();
     tables.managers.AddNew();
     tables.managers.Set("teamID", team.KorvTeamID);
@@ -227,6 +229,7 @@ ImportCounts FillSeason(Database& season, const ImportSettings& settings, const 
             counts.notes.push_back(fmt::format("{} {} has no players in the statistics.", team.yearID, team.name));
     }
     CreateTeamVsTeam(season);
+    WriteDHRule(season, settings.teams);
     transaction.Commit();
     const std::vector<std::string> notes = Notes(importer);
     counts.notes.insert(counts.notes.end(), notes.begin(), notes.end());
