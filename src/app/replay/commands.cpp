@@ -56,6 +56,15 @@ const std::vector<Command>& Commands() {
           {"--team", "CODE", "his team, when the name isn't enough"},
           {"--pa-factor", "F", "the share that the season was imported with, if it was given one"}},
          ShowChart},
+        {"rates",
+         "NAME",
+         1,
+         "play many games between a season's teams and hold their rates against the real season's",
+         "All teams meet, with several starters each; nothing is written to the season. A real figure is there when "
+         "the\n"
+         "season was made from real statistics of whole leagues.",
+         {{"--games", "N", "how many games; 2000 without it"}, kSeed},
+         Rates},
         {"sample-league",
          "FOLDER",
          1,

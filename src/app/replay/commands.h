@@ -32,6 +32,7 @@ int Seasons(const Context&, const Options&);
 int PlayGame(const Context&, const Options&);
 int ShowChart(const Context&, const Options&);
 int Bench(const Context&, const Options&);
+int Rates(const Context&, const Options&);
 int SampleLeague(const Context&, const Options&);
 
 // A seed for a run that was given none: from the clock, told on standard error so that the run can be repeated.
