@@ -65,6 +65,7 @@ ImportRequest RequestOf(const Context& context, const Options& options) {
         throw UserError("option --pa-factor takes a number between 0 and 1");
     request.retro = options.Has("--retro");
     request.seed = options.Seed().value_or(1);
+    request.lineups.basedOnUsage = true;  // the men who really played, not the best charts of a few at bats
     request.generateManagers = [](Database& season, const LineupChoice& lineups, Progress* progress) {
         GenerateOptions choice;
         choice.lineups = lineups.both ? DHLists::Both : lineups.includeDH ? DHLists::DH : DHLists::NoDH;
