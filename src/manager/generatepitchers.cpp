@@ -93,10 +93,12 @@ void GeneratePitchers(TeamRoster& roster, const GenerateOptions& options, const 
     const auto starters = TakeMen(table, 'S', kMen, taken, usage);
     if (options.starters) WriteMen(EnsureList(roster, 'S'), starters);
 
-    // The closers are the busiest of the pen, the man with the saves first among them; the pen keeps at least two.
-    const std::size_t pen = CountMen(table, 'R', taken);
+    // The closers are the busiest third of the pen, the man with the saves first among them: more of them would leave
+    // the other innings to the men who really pitched least.
+    constexpr std::size_t kPenPerCloser = 3;
+    const std::size_t most = std::min(kMen, CountMen(table, 'R', taken) / kPenPerCloser);
     if (usage) SortPitchers(table, {kGames, kSaves, kIPOuts});
-    auto closers = TakeMen(table, 'R', pen > kLeastRelievers ? std::min(kMen, pen - kLeastRelievers) : 0, taken);
+    auto closers = TakeMen(table, 'R', most, taken);
     if (usage) SortPitchers(closers, {kSaves, kGames, kIPOuts});
     if (options.closers) WriteMen(EnsureList(roster, 'C'), closers);
 

@@ -142,8 +142,8 @@ TEST(Generate, PitchingListsShareTheStaffOut) {
     roster.pitchers.push_back(MakePitcher(117, 'R', 99, roster.pitchers[0].playerName));  // the ace's relief record
     GenerateComputerManager(roster, {});
     EXPECT_THAT(Ids(FindList(roster, 'S')), ElementsAre(101, 102, 103, 104, 105));
-    EXPECT_THAT(Ids(FindList(roster, 'C')), ElementsAre(111, 112, 113, 114));
-    EXPECT_THAT(Ids(FindList(roster, 'R')), ElementsAre(115, 116));
+    EXPECT_THAT(Ids(FindList(roster, 'C')), ElementsAre(111, 112));
+    EXPECT_THAT(Ids(FindList(roster, 'R')), ElementsAre(113, 114, 115, 116));
     roster.pitchers.erase(roster.pitchers.begin() + 5,
                           roster.pitchers.begin() + 10);  // one reliever and the ace's record
     GenerateComputerManager(roster, {});
@@ -182,7 +182,7 @@ TEST(GenerateByUse, RealGamesDecide) {
         EXPECT_THAT(Ids(Named(roster, "#1 vs Right DH")), ::testing::Not(::testing::Contains(seldom)));
     EXPECT_THAT(Ids(FindList(roster, 'D', Position::B3)), ElementsAre(14, 10, 4));
     EXPECT_THAT(Ids(FindList(roster, 'S')), ElementsAre(105, 104, 103, 102));
-    EXPECT_THAT(Ids(FindList(roster, 'C')), ElementsAre(116, 115, 114, 113));
+    EXPECT_THAT(Ids(FindList(roster, 'C')), ElementsAre(116, 115));
     real.pitchers[6].G = 90;
     GenerateComputerManager(roster, options, &real);
     EXPECT_EQ(Ids(FindList(roster, 'C')).front(), 112);
