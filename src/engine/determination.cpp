@@ -72,7 +72,7 @@ void BeginPlay(Play& play) {
     play.PitcherSheetEffect = SheetEffect::None;
     play.ParkResult = play.YearResult = ColumnEffect::None;
     play.BBSORating = 0;
-    play.GreatPlay = play.AutoOutPlay = play.ErrorCheck = play.FieldingDone = play.NearLine = false;
+    play.GreatPlay = play.AutoOutPlay = play.FieldingDone = play.NearLine = false;
     play.NarrationDone = false;
     play.FieldedBy = play.ErrorBy = play.DecisionErrorBy = play.ForcePivot = Position::None;
     play.errorKind = ErrorKind::None;

@@ -29,6 +29,7 @@ constexpr std::array<std::string_view, 22> kRejectTexts{"",
                                                         "A player has left the game already.",
                                                         "The team has used all pitchers that a game can record.",
                                                         "The selected player can't pitch."};
+static_assert(kRejectTexts.size() == static_cast<std::size_t>(Reject::CannotPitch) + 1);
 
 bool InRange(int value, int low, int high) {
     return value >= low && value <= high;

@@ -78,7 +78,7 @@ struct Play {
     ColumnEffect ParkResult = ColumnEffect::None, YearResult = ColumnEffect::None;
     std::uint8_t ChartRoll = 0;  // the roll last read; 0 before the first
     std::uint8_t BBSORating = 0;
-    bool GreatPlay = false, AutoOutPlay = false, ErrorCheck = false, FieldingDone = false, NearLine = false;
+    bool GreatPlay = false, AutoOutPlay = false, FieldingDone = false, NearLine = false;
     bool NarrationDone = false;  // the pitch and the ball were told before a decision: not a second time after it
     std::uint16_t Notes = 0;     // bits of Note: what changed the result, told when the play is out
     Position FieldedBy = Position::None;

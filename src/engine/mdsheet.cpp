@@ -230,7 +230,7 @@ void OfferExtraBase(Step& step) {
     Play& play = step.play();
     const bool second = step.state.sheet == SheetCode::M;
     if (!second) {
-        step.Narrate(Tag::PitcherThrow);
+        if (step.state.sheet == SheetCode::P) step.Narrate(Tag::PitcherThrow);  // the batter's swing was told before
         step.Animate(Tag::PitcherThrow);
         step.Sound();
         play.DisplayResult = play.PlayResult;
