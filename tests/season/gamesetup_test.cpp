@@ -9,6 +9,7 @@
 #include "sample/sampleleague.h"
 #include "season/managerchecks.h"
 #include "season/realstats.h"
+#include "season/resttables.h"
 #include "seasons.h"
 
 namespace tarvane {
@@ -126,6 +127,27 @@ TEST_F(SampleSeason, RestCountsOnlyWithADate) {
     EXPECT_EQ(setup.data[Side::Visitor].roster.pitchers[static_cast<std::size_t>(index)].pitch[20].text, "1+");
     options.date = "14 April";
     EXPECT_THROW(LoadExhibition(common(), season(), teams[0], teams[1], options), UserError);
+}
+
+TEST_F(SampleSeason, RestAndInjuriesAreWrittenAndLowered) {
+    TeamRoster roster = Roster(teams[0]);
+    roster.pitchers[1].PitcherRestDays = 3, roster.pitchers[1].PitchedOnDay = 100, roster.pitchers[1].IPOutsToday = 7;
+    roster.batters[2].injury = {"1975-04-10", 100, 5, 5};
+    roster.pitchers[2].injury = {"1975-04-10", 100, 2, 1};
+    SaveRestAndInjuries(season(), roster, false);
+    ReduceRestAndInjuries(season(), false);
+    LeagueRules rules;
+    rules.UseYellowXInjuryChart = true;
+    const TeamRoster after = LoadTeamRoster(season(), teams[0], rules);
+    EXPECT_EQ(after.pitchers[1].PitcherRestDays, 2);
+    EXPECT_EQ(after.pitchers[1].PitchedOnDay, 100);
+    EXPECT_EQ(after.pitchers[1].IPOutsToday, 7);
+    EXPECT_EQ(after.pitchers[0].PitcherRestDays, 0);
+    EXPECT_EQ(after.batters[2].injury.InjuredDaysRemaining, 4);
+    EXPECT_EQ(after.batters[2].injury.InjuredDays, 5);
+    EXPECT_EQ(after.batters[2].injury.InjuryDate, "1975-04-10");
+    EXPECT_EQ(after.pitchers[2].injury.InjuredDaysRemaining, 0);
+    EXPECT_THROW(ReduceRestAndInjuries(season(), true), UserError);  // no tournament, no rows
 }
 
 TEST_F(SampleSeason, FaultsAreNamed) {
