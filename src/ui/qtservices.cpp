@@ -1,0 +1,131 @@
+#include "ui/qtservices.h"
+
+#include <QApplication>
+#include <QAudioDevice>
+#include <QDesktopServices>
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QFontDatabase>
+#include <QInputDialog>
+#include <QMediaDevices>
+#include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QScreen>
+#include <QSoundEffect>
+#include <QUrl>
+#include <QVBoxLayout>
+
+#include "ui/qtext.h"
+
+namespace tarvane {
+
+namespace {
+
+void Box(QMessageBox::Icon icon, const std::string& text, const std::string& title) {
+    QMessageBox box(icon, QText(title), QText(text), QMessageBox::Ok, QApplication::activeWindow());
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
+}
+
+class EffectPlayer : public SoundPlayer {
+  public:
+    void Play(const std::filesystem::path& file) override {
+        Stop();
+        if (!std::filesystem::exists(file)) return;
+        effect_.setSource(QUrl::fromLocalFile(QString::fromStdString(file.string())));
+        effect_.play();
+    }
+    void Stop() override { effect_.stop(); }
+    void Beep() override { QApplication::beep(); }
+
+  private:
+    QSoundEffect effect_;
+};
+
+class Silence : public SoundPlayer {
+  public:
+    void Play(const std::filesystem::path&) override {}
+    void Stop() override {}
+    void Beep() override { QApplication::beep(); }
+};
+
+}  // namespace
+
+void QtDialogs::Warn(const std::string& text, const std::string& title) {
+    Box(QMessageBox::Warning, text, title);
+}
+
+void QtDialogs::Remind(const std::string& text, const std::string& title) {
+    Box(QMessageBox::Information, text, title);
+}
+
+Reply QtDialogs::Ask(const std::string& text, const std::string& title, bool offerCancel) {
+    QMessageBox::StandardButtons buttons = QMessageBox::Yes | QMessageBox::No;
+    if (offerCancel) buttons |= QMessageBox::Cancel;
+    QMessageBox box(QMessageBox::Question, QText(title), QText(text), buttons, QApplication::activeWindow());
+    box.setTextFormat(Qt::PlainText);
+    switch (box.exec()) {
+        case QMessageBox::Yes: return Reply::Yes;
+        case QMessageBox::No: return Reply::No;
+        default: return offerCancel ? Reply::Cancel : Reply::No;
+    }
+}
+
+int QtDialogs::Choose(const std::string& text, const std::string& title, const std::string& first,
+                      const std::string& second) {
+    QMessageBox box(QMessageBox::Question, QText(title), QText(text), QMessageBox::Cancel,
+                    QApplication::activeWindow());
+    box.setTextFormat(Qt::PlainText);
+    const QPushButton* one = box.addButton(QText(first), QMessageBox::ActionRole);
+    const QPushButton* two = box.addButton(QText(second), QMessageBox::ActionRole);
+    box.exec();
+    if (box.clickedButton() == one) return 0;
+    return box.clickedButton() == two ? 1 : -1;
+}
+
+int QtDialogs::Pick(const std::string& text, const std::string& title, const std::vector<std::string>& choices) {
+    QStringList items;
+    for (const std::string& choice : choices) items << QText(choice);
+    bool taken = false;
+    const QString item =
+        QInputDialog::getItem(QApplication::activeWindow(), QText(title), QText(text), items, 0, false, &taken);
+    return taken ? static_cast<int>(items.indexOf(item)) : -1;
+}
+
+void QtDialogs::ShowDocument(const std::string& text, const std::string& title) {
+    QDialog dialog(QApplication::activeWindow());
+    dialog.setWindowTitle(QText(title));
+    auto* page = new QPlainTextEdit(QText(text), &dialog);
+    page->setReadOnly(true);
+    page->setLineWrapMode(QPlainTextEdit::NoWrap);
+    page->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, &dialog);
+    QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
+    auto* layout = new QVBoxLayout(&dialog);
+    layout->addWidget(page);
+    layout->addWidget(buttons);
+    const QFontMetrics metrics(page->font());
+    const QSize wanted(metrics.horizontalAdvance(QLatin1Char('0')) * 90, metrics.height() * 46);
+    dialog.resize(wanted.boundedTo(dialog.screen()->availableSize() * 0.9));
+    dialog.exec();
+}
+
+std::optional<std::filesystem::path> QtDialogs::OpenFile(const std::string& title, const std::filesystem::path& folder,
+                                                         const std::string& filter) {
+    const QString name = QFileDialog::getOpenFileName(QApplication::activeWindow(), QText(title),
+                                                      QString::fromStdString(folder.string()), QText(filter));
+    if (name.isEmpty()) return std::nullopt;
+    return std::filesystem::path(name.toStdString());
+}
+
+std::unique_ptr<SoundPlayer> MakeSoundPlayer() {
+    if (QMediaDevices::audioOutputs().isEmpty()) return std::make_unique<Silence>();
+    return std::make_unique<EffectPlayer>();
+}
+
+void DesktopBrowser::Open(const std::string& address) {
+    QDesktopServices::openUrl(QUrl(QText(address)));
+}
+
+}  // namespace tarvane

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <memory>
+
+#include "ui/services.h"
+
+namespace tarvane {
+
+// The services of a running desktop.
+class QtDialogs : public Dialogs {
+  public:
+    void Warn(const std::string& text, const std::string& title) override;
+    void Remind(const std::string& text, const std::string& title) override;
+    Reply Ask(const std::string& text, const std::string& title, bool offerCancel) override;
+    int Choose(const std::string& text, const std::string& title, const std::string& first,
+               const std::string& second) override;
+    int Pick(const std::string& text, const std::string& title, const std::vector<std::string>& choices) override;
+    void ShowDocument(const std::string& text, const std::string& title) override;
+    std::optional<std::filesystem::path> OpenFile(const std::string& title, const std::filesystem::path& folder,
+                                                  const std::string& filter) override;
+};
+
+// Sound through wave effects where there is a device; silence where there is none.
+std::unique_ptr<SoundPlayer> MakeSoundPlayer();
+
+class DesktopBrowser : public Browser {
+  public:
+    void Open(const std::string& address) override;
+};
+
+}  // namespace tarvane

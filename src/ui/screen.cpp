@@ -1,0 +1,37 @@
+#include "ui/screen.h"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+
+#include "ui/theme.h"
+
+namespace tarvane {
+
+Screen::Screen(QWidget* parent) : QWidget(parent, Qt::Window) {
+    setAttribute(Qt::WA_StyledBackground);
+    setProperty("screen", true);
+}
+
+void Screen::closeEvent(QCloseEvent* event) {
+    if (!MayClose()) {
+        event->ignore();
+        return;
+    }
+    event->accept();
+    Q_EMIT Closed();
+}
+
+void Screen::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    ScaleFonts(*this, TextPixels(width(), height()));
+}
+
+void Screen::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape) {
+        close();
+        return;
+    }
+    QWidget::keyPressEvent(event);
+}
+
+}  // namespace tarvane

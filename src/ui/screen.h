@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QWidget>
+
+namespace tarvane {
+
+// What every screen below the main menu shares: its ground, fonts that grow with the window, Escape to leave, and word
+// to its opener when it closes.
+class Screen : public QWidget {
+    Q_OBJECT
+
+  public:
+    explicit Screen(QWidget* parent = nullptr);
+
+  Q_SIGNALS:
+    void Closed();
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+    // False keeps the screen open.
+    virtual bool MayClose() { return true; }
+};
+
+}  // namespace tarvane
