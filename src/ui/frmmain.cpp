@@ -1,0 +1,145 @@
+#include "ui/frmmain.h"
+
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QStandardPaths>
+#include <QTimer>
+#include <random>
+
+#include "ui/frmgame.h"
+#include "ui/frmpreexgame.h"
+#include "ui/frmseasons.h"
+#include "ui/theme.h"
+#include "ui_frmmain.h"
+
+namespace tarvane {
+
+namespace {
+
+bool FindSpreadsheet() {
+    for (const char* program : {"localc", "soffice", "libreoffice", "gnumeric"})
+        if (!QStandardPaths::findExecutable(QString::fromLatin1(program)).isEmpty()) return true;
+    return false;
+}
+
+}  // namespace
+
+frmMain::frmMain(SeasonAccess& seasons, Services services, const GameOptions& options, QWidget* parent)
+    : QMainWindow(parent),
+      seasons_(seasons),
+      services_(services),
+      options_(options),
+      spreadsheet_(FindSpreadsheet()),
+      ui_(std::make_unique<Ui::frmMain>()) {
+    ui_->setupUi(this);
+    ui_->imgMain->SetPicture(QCoreApplication::applicationDirPath() + QStringLiteral("/background_12.jpg"));
+    Connect(ui_->grdGamePlay, MenuRow::GamePlay);
+    Connect(ui_->grdReports, MenuRow::Reports);
+    Connect(ui_->grdSettings, MenuRow::Settings);
+    Connect(ui_->grdLeagues, MenuRow::Leagues);
+    Connect(ui_->grdCharts, MenuRow::Charts);
+    connect(ui_->chkExit, &QPushButton::clicked, ui_->cmdExit, &QPushButton::click);
+    connect(ui_->cmdExit, &QPushButton::clicked, this, &QWidget::close);
+    connect(ui_->mnuTarvaneBaseballHelp, &QAction::triggered, this,
+            [this] { Say(tr("This screen is not built yet.")); });
+    connect(ui_->mnuAbout, &QAction::triggered, this, [this] {
+        services_.dialogs.Remind("Tarvane PC Baseball " + QCoreApplication::applicationVersion().toStdString() +
+                                     "\nReal statistics, dice charts, one game after another.",
+                                 "About Tarvane PC Baseball");
+    });
+    BuildCommandGrids();
+    ui_->grdGamePlay->setFocus();
+}
+
+frmMain::~frmMain() = default;
+
+void frmMain::Connect(MenuGrid* grid, MenuRow row) {
+    connect(grid, &MenuGrid::Chosen, this, [this, row](int column) { Choose(row, column); });
+}
+
+MenuContext frmMain::Context() const {
+    const bool active = !seasons_.ActiveSeason().empty();
+    const LeagueRules rules = active ? seasons_.Rules() : LeagueRules{};
+    return {active, rules.TourneyMode, rules.TourneyType, false, spreadsheet_};
+}
+
+void frmMain::BuildCommandGrids() {
+    const MenuContext context = Context();
+    ui_->grdGamePlay->SetCommands(MenuCommands(MenuRow::GamePlay, context));
+    ui_->grdReports->SetCommands(MenuCommands(MenuRow::Reports, context));
+    ui_->grdSettings->SetCommands(MenuCommands(MenuRow::Settings, context));
+    ui_->grdLeagues->SetCommands(MenuCommands(MenuRow::Leagues, context));
+    ui_->grdCharts->SetCommands(MenuCommands(MenuRow::Charts, context));
+    ui_->lblActiveSeason->setText(QString::fromStdString(ActiveSeasonLabel(seasons_.ActiveSeason())));
+    ui_->lblActiveSeason->setVisible(context.activeSeason);
+}
+
+void frmMain::Choose(MenuRow row, int column) {
+    Say({});
+    const MenuContext context = Context();
+    const MenuCommand command = MenuCommands(row, context).at(static_cast<std::size_t>(column));
+    const std::string refusal = MenuRefusal(command, context);
+    if (!refusal.empty())
+        services_.dialogs.Warn(refusal, command.refusalTitle);
+    else
+        OpenScreen(command.opens);
+}
+
+void frmMain::OpenScreen(MenuScreen screen) {
+    switch (screen) {
+        case MenuScreen::Seasons: Show(new frmSeasons(seasons_, services_)); break;
+        case MenuScreen::PreExGame: OpenExhibition(); break;
+        default: Say(tr("This screen is not built yet.")); break;
+    }
+}
+
+void frmMain::Show(Screen* screen) {
+    Screen* before = open_;
+    open_ = screen;
+    screen->setAttribute(Qt::WA_DeleteOnClose);
+    connect(screen, &Screen::Closed, this, [this, screen] {
+        if (open_ != screen) return;  // it gave way to the next screen
+        open_ = nullptr;
+        BuildCommandGrids();
+        show();
+    });
+    screen->setGeometry(geometry());
+    screen->setWindowState(windowState());
+    screen->show();
+    hide();
+    if (before != nullptr) before->close();
+}
+
+void frmMain::OpenExhibition() {
+    auto* screen = new frmPreExGame(seasons_, services_, options_);
+    connect(screen, &frmPreExGame::GameReady, this, &frmMain::Play);
+    Show(screen);
+}
+
+void frmMain::Play(const GamePtr& setup) {
+    GameOptions options = options_;
+    options.computer = setup->control;
+    std::random_device system;
+    const std::uint64_t seed = seed_ != 0 ? seed_ : (static_cast<std::uint64_t>(system()) << 32) + system();
+    Show(new frmGame(setup, options, seed, services_));
+}
+
+void frmMain::SetPicture(const QString& file) {
+    ui_->imgMain->SetPicture(file);
+}
+
+void frmMain::Say(const QString& text) {
+    ui_->lblStatus->setText(text);
+}
+
+void frmMain::closeEvent(QCloseEvent* event) {
+    event->accept();
+    Q_EMIT Left();
+}
+
+void frmMain::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    ScaleFonts(*this, TextPixels(width(), height()));
+}
+
+}  // namespace tarvane

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <QMainWindow>
+#include <memory>
+
+#include "ui/gameoptions.h"
+#include "ui/mainmenu.h"
+#include "ui/seasonaccess.h"
+#include "ui/services.h"
+
+namespace Ui {
+class frmMain;
+}
+
+namespace tarvane {
+
+class MenuGrid;
+class Screen;
+
+// The main menu. It is hidden while another screen is open and shows again when that closes.
+class frmMain : public QMainWindow {
+    Q_OBJECT
+
+  public:
+    frmMain(SeasonAccess& seasons, Services services, const GameOptions& options, QWidget* parent = nullptr);
+    ~frmMain() override;
+
+    // Fills the rows and the season's label anew; called whenever what they depend on may have changed.
+    void BuildCommandGrids();
+
+    // A picture of the user's own for the top of the menu.
+    void SetPicture(const QString& file);
+
+    // The screen now open above the menu, or nothing.
+    Screen* Open() const { return open_; }
+
+    // The seed of the games' dice: a test sets it, else each game takes one from the system.
+    void SetSeed(std::uint64_t seed) { seed_ = seed; }
+
+  Q_SIGNALS:
+    void Left();
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+  private:
+    void Connect(MenuGrid* grid, MenuRow row);
+    void Choose(MenuRow row, int column);
+    void OpenScreen(MenuScreen screen);
+    void Show(Screen* screen);
+    void OpenExhibition();
+    void Play(const GamePtr& setup);
+    void Say(const QString& text);
+    MenuContext Context() const;
+
+    SeasonAccess& seasons_;
+    Services services_;
+    GameOptions options_;
+    std::uint64_t seed_ = 0;
+    bool spreadsheet_ = false;
+    std::unique_ptr<Ui::frmMain> ui_;
+    Screen* open_ = nullptr;
+};
+
+}  // namespace tarvane

@@ -1,0 +1,67 @@
+#include "ui/storedseasons.h"
+
+#include "data/teams.h"
+
+namespace tarvane {
+
+std::vector<SeasonEntry> StoredSeasons::Seasons() {
+    return ListSeasons(session_.Common());
+}
+
+std::string StoredSeasons::ActiveSeason() const {
+    return session_.Seasons().ActiveSeason();
+}
+
+// The catalogue itself tells the user what went wrong.
+std::string StoredSeasons::SetActive(std::int64_t LeagueID) {
+    session_.Seasons().SetActiveSeason(LeagueID);
+    return {};
+}
+
+LeagueRules StoredSeasons::Rules() const {
+    return session_.Seasons().Rules();
+}
+
+std::vector<TeamEntry> StoredSeasons::Teams() {
+    std::vector<TeamEntry> teams;
+    for (const Team& team : LoadTeamList(session_.Seasons().Season(), Rules()))
+        teams.push_back(
+            {team.TeamIdx, team.teamID, team.fullName, team.ParkID, team.ComputerManaged, team.AlwaysHumanManaged});
+    return teams;
+}
+
+std::vector<ParkEntry> StoredSeasons::Parks() {
+    std::vector<ParkEntry> parks;
+    Statement row =
+        session_.Common().Prepare("SELECT parkID, Stadium, yearID FROM KorvBallparks ORDER BY yearID, Stadium");
+    while (row.Step())
+        parks.push_back({static_cast<std::int32_t>(row.Int(0)), row.Text(1), static_cast<int>(row.Int(2))});
+    return parks;
+}
+
+GamePtr StoredSeasons::Exhibition(const ExhibitionGame& game) {
+    ExhibitionOptions options;
+    options.parkID = game.parkID;
+    options.control = game.control;
+    options.images = session_.Paths().BallparkImages();
+    return std::make_shared<GameSetup>(
+        LoadExhibition(session_.Common(), session_.Seasons().Season(), game.visitorID, game.homeID, options));
+}
+
+GameOptions OptionsFrom(const GameSettings& settings) {
+    GameOptions options;
+    options.computer[Side::Visitor] = {settings.CompRoadMgrLineups, settings.CompRoadMgrSubs, settings.CompRoadMgrGame};
+    options.computer[Side::Home] = {settings.CompHomeMgrLineups, settings.CompHomeMgrSubs, settings.CompHomeMgrGame};
+    options.ComputerMgrAutoClick = settings.ComputerMgrAutoClick;
+    options.AuxChartsAutoClick = settings.AuxChartsAutoClick;
+    options.ManualDiceRolls = settings.ManualDiceRolls;
+    options.HideChartDuringGame = settings.HideChartDuringGame;
+    options.DisplayChances = settings.DisplayChances;
+    options.ShowBanner = settings.FieldZ == 1;
+    options.DiceRollSounds = settings.DiceRollSounds;
+    options.PromptSpectatorMode = settings.PromptSpectatorMode;
+    options.PlayResultDelay = settings.PlayResultDelay;
+    return options;
+}
+
+}  // namespace tarvane
