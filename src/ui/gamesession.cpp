@@ -1,0 +1,189 @@
+#include "ui/gamesession.h"
+
+#include "manager/computermanager.h"
+#include "ui/names.h"
+#include "ui/playbyplay.h"
+
+#include <utility>
+
+namespace tarvane {
+
+namespace {
+// More changes than this before one pitch are a manager who can't make up his mind: the pitch is thrown.
+constexpr int kMaxOrdersBeforePitch = 24;
+}  // namespace
+
+GameSession::GameSession(GamePtr setup, const GameOptions& options, std::uint64_t seed)
+    : setup_(std::move(setup)), options_(options), random_(seed), decoration_(seed ^ 0x9E3779B97F4A7C15ULL) {
+    for (const Side side : kBothSides)
+        manager_[side] = std::make_unique<ComputerManager>(side, ManagerRandom(seed, side), setup_->knowledge[side]);
+}
+
+Random GameSession::ManagerRandom(std::uint64_t seed, Side side) {
+    return Random(seed + (side == Side::Visitor ? 0x5851F42D4C957F2DULL : 0x14057B7EF767814FULL));
+}
+
+GameSession::~GameSession() = default;
+
+Reject GameSession::Start() {
+    state_.computer = options_.computer;
+    const Reject reject = StartGame(Data(), setup_->lineup[Side::Visitor], setup_->lineup[Side::Home], state_);
+    if (reject != Reject::None) return reject;
+    text_ = TellOpening(Data(), state_);
+    arrived_ = state_.sheet == SheetCode::P;
+    Settle();
+    return Reject::None;
+}
+
+void GameSession::OnEvent(const GameData& data, const GameState& state, const GameEvent& event) {
+    if (event.kind == EventKind::Substitution) changes_.push_back(TellChange(data, state, event));
+    if (event.kind == EventKind::Message && event.tag == Tag::PitcherRestReminder)
+        reminders_.push_back("Reminder to manager: " + PlayerName(data, event.side, state[event.side].pitcher) +
+                             " is one out away from requiring an additional day of pitcher rest.");
+    if (event.kind == EventKind::ScoreSheet && event.tag == Tag::RunsScored) scorers_.push_back(event.slot);
+}
+
+bool GameSession::Take(const Input& input, bool intentional) {
+    const GameState before = state_;
+    scorers_.clear();
+    changes_.clear();
+    if (Advance(Data(), state_, input, this) != Reject::None) return false;
+    if (state_.sheet == SheetCode::P && state_.awaited.kind == Await::Roll) arrived_ = true;
+    if (std::holds_alternative<LineupInput>(input)) {
+        for (const std::string& change : changes_) Append(change);
+    } else {
+        Append(TellStep(Data(), before, state_, scorers_, intentional));
+    }
+    return true;
+}
+
+std::vector<std::string> GameSession::TakeReminders() {
+    return std::exchange(reminders_, {});
+}
+
+void GameSession::Append(const std::string& text) {
+    if (text.empty()) return;
+    if (!text_.empty()) text_ += '\n';
+    text_ += text;
+}
+
+bool GameSession::Roll() {
+    return CanRoll() && RollWith(ChartRollFromRaw(random_.RandomRoll216()));
+}
+
+bool GameSession::RollByHand(int chartRoll) {
+    return CanRoll() && chartRoll >= kFirstRoll && chartRoll <= kLastRoll && RollWith(chartRoll);
+}
+
+bool GameSession::RollWith(int chartRoll) {
+    Remember(chartRoll);
+    orders_ = 0;
+    const RollInput input{static_cast<std::uint8_t>(chartRoll), DrawPlayValues(random_)};
+    if (!Take(input)) return false;
+    Settle();
+    return true;
+}
+
+void GameSession::Remember(int chartRoll) {
+    last_ = ChartShown{MakeSheetView(Data(), state_),
+                       state_.sheet,
+                       chartRoll,
+                       chartRoll / 10,
+                       ShowDice(chartRoll, decoration_.RandomRoll216()),
+                       text_};
+}
+
+bool GameSession::IntentionalWalk() {
+    if (!Take(IntentionalWalkInput{DrawPlayValues(random_)}, true)) return false;
+    Settle();
+    return true;
+}
+
+bool GameSession::Bunt(BuntType type) {
+    if (!Take(BuntInput{type})) return false;
+    Settle();
+    return true;
+}
+
+bool GameSession::Steal(char target) {
+    if (!Take(StealInput{target})) return false;
+    Settle();
+    return true;
+}
+
+bool GameSession::Answer(bool yes) {
+    if (state_.awaited.kind != Await::Decision) return false;
+    if (!Take(DecisionInput{state_.awaited.side, yes})) return false;
+    Settle();
+    return true;
+}
+
+bool GameSession::FillOpenPlace() {
+    if (state_.awaited.kind != Await::LineupChange) return false;
+    const Side side = state_.awaited.side;
+    LineupInput lineup;
+    if (!manager_[side]->ForcedLineup(Data(), state_, side, lineup) || !Take(lineup)) return false;
+    Settle();
+    return true;
+}
+
+bool GameSession::AwaitsHuman() const {
+    const SideControl& control = state_.computer[state_.awaited.side];
+    if (state_.awaited.kind == Await::Decision) return !control.game;
+    return state_.awaited.kind == Await::LineupChange && !control.subs;
+}
+
+bool GameSession::AnswerForComputer() {
+    const Side side = state_.awaited.side;
+    Manager& manager = *manager_[side];
+    if (state_.awaited.kind == Await::Decision && state_.computer[side].game)
+        return Take(DecisionInput{side, manager.Decide(Data(), state_, side)});
+    if (state_.awaited.kind == Await::LineupChange && state_.computer[side].subs) {
+        LineupInput lineup;
+        if (manager.ForcedLineup(Data(), state_, side, lineup) && Take(lineup)) return true;
+        Manager plain;  // the first man who will do, where his own choice may not enter
+        return plain.ForcedLineup(Data(), state_, side, lineup) && Take(lineup);
+    }
+    return false;
+}
+
+// The computer managers look at the field once before each pitch: the side in the field, then the side at bat. True if
+// one of them did something.
+bool GameSession::BeforePitch() {
+    if (!arrived_ || orders_ >= kMaxOrdersBeforePitch || state_.awaited.kind != Await::Roll ||
+        state_.sheet != SheetCode::P)
+        return false;
+    for (const Side side : {state_.FieldingSide(), state_.BattingSide}) {
+        const SideControl& control = state_.computer[side];
+        Input input;
+        if ((control.subs || control.game) && manager_[side]->BeforePitch(Data(), state_, side, input) && Take(input)) {
+            ++orders_;
+            return true;
+        }
+    }
+    arrived_ = false;
+    return false;
+}
+
+void GameSession::Settle() {
+    while (!Over() && (AnswerForComputer() || BeforePitch())) {
+    }
+}
+
+bool GameSession::RollsByItself() const {
+    if (!CanRoll()) return false;
+    if (SpectatorMode && options_.ComputerPlaysBoth()) return true;
+    return options_.ComputerMgrAutoClick && state_.sheet != SheetCode::P;
+}
+
+void GameSession::QuickPlay(int throughInning) {
+    const PerSide<SideControl> before = state_.computer;
+    state_.computer = {{SideControl{true, true, true}, SideControl{true, true, true}}};
+    arrived_ = arrived_ || state_.sheet == SheetCode::P;
+    Settle();
+    while (!Over() && (throughInning == 0 || state_.Inning <= throughInning))
+        if (!Roll()) break;
+    state_.computer = before;
+}
+
+}  // namespace tarvane

@@ -1,0 +1,98 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "base/random.h"
+#include "engine/game.h"
+#include "ui/gameoptions.h"
+#include "ui/seasonaccess.h"
+
+namespace tarvane {
+
+// A chart as it was when a roll was read on it, and what the roll showed.
+struct ChartShown {
+    SheetView chart;
+    SheetCode sheet = SheetCode::None;
+    int roll = 0;  // 10 to 39; 0 before the first roll
+    int tens = 0;  // the faces of the three dice
+    std::array<int, 2> dice{};
+    std::string playByPlay;  // the running text when the chart was put away
+};
+
+// One game as a person plays it: the rolls of his clicks, the answers of the computer managers, the chart of the roll
+// before, and the running text. It waits for nobody: each call takes one step and comes back.
+class GameSession : private GameListener {
+  public:
+    GameSession(GamePtr setup, const GameOptions& options, std::uint64_t seed);
+    ~GameSession() override;
+
+    // The line-ups take the field; a reason if they may not.
+    Reject Start();
+
+    // --- Inputs. Each does nothing and gives false if it isn't legal now. ---
+
+    bool Roll();  // one roll of the dice on the sheet that is up
+    bool RollByHand(int chartRoll);
+    bool IntentionalWalk();
+    bool Bunt(BuntType type);
+    bool Steal(char target);
+    bool Answer(bool yes);  // to the decision awaited of a human
+    bool FillOpenPlace();   // a human's forced change: the first man who can stand there
+
+    // The computer plays both teams until the end of inning throughInning (0: of the game).
+    void QuickPlay(int throughInning);
+
+    // --- What stands ---
+
+    const GameData& Data() const { return setup_->data; }
+    const GameState& State() const { return state_; }
+    GameOptions& Options() { return options_; }
+    const GameOptions& Options() const { return options_; }
+    bool SpectatorMode = false;
+
+    bool Over() const { return state_.GameOverFlag; }
+    bool CanRoll() const { return !Over() && state_.awaited.kind == Await::Roll; }
+    // The sheet that is up rolls without a click.
+    bool RollsByItself() const;
+    // A human must answer before anything else happens.
+    bool AwaitsHuman() const;
+    bool ComputerManages(Side side) const { return state_.computer[side].game; }
+
+    const std::optional<ChartShown>& LastChart() const { return last_; }
+    const std::string& PlayByPlay() const { return text_; }
+
+    // Reminders to managers since the last call, oldest first.
+    std::vector<std::string> TakeReminders();
+
+    // The generator of a side's computer manager in a game of this seed.
+    static Random ManagerRandom(std::uint64_t seed, Side side);
+
+  private:
+    void OnEvent(const GameData& data, const GameState& state, const GameEvent& event) override;
+    bool Take(const Input& input, bool intentional = false);
+    bool RollWith(int chartRoll);
+    void Remember(int chartRoll);
+    void Settle();
+    bool AnswerForComputer();
+    bool BeforePitch();
+    void Append(const std::string& text);
+
+    GamePtr setup_;
+    GameOptions options_;
+    GameState state_;
+    Random random_;
+    Random decoration_;  // dice faces; the game never sees it
+    PerSide<std::unique_ptr<Manager>> manager_;
+    std::optional<ChartShown> last_;
+    std::string text_;
+    std::vector<int> scorers_;
+    std::vector<std::string> changes_;  // men who came in on this input
+    std::vector<std::string> reminders_;
+    int orders_ = 0;        // of computer managers before this pitch
+    bool arrived_ = false;  // the computer managers have not yet been asked before this pitch
+};
+
+}  // namespace tarvane

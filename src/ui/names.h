@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string>
+
+#include "engine/gamedata.h"
+#include "engine/gamestate.h"
+
+namespace tarvane {
+
+const std::string& PlayerName(const GameData& data, Side side, PlayerRef player);
+// The last word of a name, with a Jr., Sr. or III that follows it.
+std::string LastName(const std::string& name);
+std::string LastNameOf(const GameData& data, Side side, PlayerRef player);
+// The man in a lineup slot (1 to 9).
+std::string SlotLastName(const GameData& data, const GameState& state, Side side, int slot);
+
+// A team as the game calls it: its short name without a bracketed year.
+std::string TeamName(const GameData& data, Side side);
+
+// Which way the man at bat stands: a switch hitter turns against the pitcher's arm.
+bool StandsLeft(const GameState& state);
+
+// "1st", "2nd", "3rd", "11th".
+std::string Ordinal(int number);
+
+}  // namespace tarvane
