@@ -1,0 +1,268 @@
+#include "ui/frmgame.h"
+
+#include <fmt/format.h>
+#include <QMenu>
+
+#include "ui/gamequestions.h"
+#include "ui/names.h"
+#include "ui_frmgame.h"
+
+namespace tarvane {
+
+namespace {
+constexpr const char* kNotBuilt = "This screen is not built yet.";
+}
+
+frmGame::frmGame(GamePtr setup, const GameOptions& options, std::uint64_t seed, Services services, QWidget* parent)
+    : Screen(parent),
+      services_(services),
+      session_(std::move(setup), options, seed),
+      ui_(std::make_unique<Ui::frmGame>()) {
+    ui_->setupUi(this);
+    SetUpGrids();
+    BuildSettingsMenu();
+    ConnectControls();
+    pause_.setSingleShot(true);
+    connect(&pause_, &QTimer::timeout, this, &frmGame::GoOn);
+    Begin();
+}
+
+frmGame::~frmGame() = default;
+
+void frmGame::Begin() {
+    const Reject reject = session_.Start();
+    setWindowTitle(
+        QString::fromStdString(fmt::format("Tarvane PC Baseball - {} at {}", TeamName(session_.Data(), Side::Visitor),
+                                           TeamName(session_.Data(), Side::Home))));
+    if (reject != Reject::None) {
+        services_.dialogs.Warn(std::string(RejectText(reject)), "Play Exhibition Game");
+        mayClose_ = true;
+        QTimer::singleShot(0, this, &QWidget::close);
+        return;
+    }
+    const GameOptions& options = session_.Options();
+    if (options.ComputerMgrAutoClick && options.PromptSpectatorMode && options.ComputerPlaysBoth()) {
+        services_.sound.Beep();
+        session_.SpectatorMode =
+            services_.dialogs.Ask(
+                "Computer Manager is on for game play and substitutions for both teams and 1-Click Result "
+                "is also on.\nWould you like to view this game as a spectator?",
+                "Game Play Mode") == Reply::Yes;
+    }
+    begun_ = true;
+    Refresh();
+}
+
+void frmGame::showEvent(QShowEvent* event) {
+    Screen::showEvent(event);
+    ui_->cmdPlay->setFocus();
+    if (begun_ && session_.RollsByItself()) pause_.start(0);
+}
+
+void frmGame::ConnectControls() {
+    const auto click = [this](QPushButton* button, auto slot) { connect(button, &QPushButton::clicked, this, slot); };
+    click(ui_->cmdPlay, &frmGame::Play);
+    connect(ui_->chkPlay, &QPushButton::clicked, ui_->cmdPlay, &QPushButton::click);
+    click(ui_->cmdManualRoll, [this] { ManualRoll(ui_->cmbManualDice->currentData().toInt()); });
+    click(ui_->chkIntBB, &frmGame::IntentionalWalk);
+    click(ui_->chkBunt, &frmGame::Bunt);
+    click(ui_->chkSteal, &frmGame::Steal);
+    click(ui_->chkcurrPrev, &frmGame::PreviousPlay);
+    click(ui_->chkQuickPlay, &frmGame::QuickPlay);
+    click(ui_->chkScore, &frmGame::ShowBoxScore);
+    click(ui_->cmdQuit, [this] { close(); });
+    click(ui_->chkLineup, [this] { Say(tr(kNotBuilt)); });
+    click(ui_->chkSettings,
+          [this] { settings_->popup(ui_->chkSettings->mapToGlobal(QPoint(0, -settings_->sizeHint().height()))); });
+    click(ui_->chkOpp, [this] {
+        opponentShown_ = !opponentShown_;
+        ShowLineup();
+    });
+    connect(ui_->grdActiveChart, &ChartGrid::RollChosen, this, [this](int chartRoll) {
+        if (shown_ == Shown::Current && MakePlayControls(session_).rowClick) ManualRoll(chartRoll);
+    });
+    for (QLabel* link :
+         {ui_->lblStandings, ui_->lblTeamStats, ui_->lblLeadersBatting, ui_->lblLeadersPitching, ui_->lblLeagueStats}) {
+        link->setText(QStringLiteral("<a href='#' style='color:#DCE6D2'>%1</a>").arg(link->text()));
+        connect(link, &QLabel::linkActivated, this, [this] { Say(tr(kNotBuilt)); });
+    }
+}
+
+// --- Clicks ----------------------------------------------------------------------------------------------------------
+
+void frmGame::Play() {
+    if (pause_.isActive() || shown_ == Shown::Previous) {
+        services_.sound.Beep();
+        return;
+    }
+    services_.sound.Stop();
+    Say({});
+    if (session_.Over()) {
+        EndGame();
+        return;
+    }
+    if (session_.Roll()) AfterInput();
+}
+
+void frmGame::ManualRoll(int chartRoll) {
+    if (pause_.isActive() || shown_ != Shown::Current) return;
+    services_.sound.Stop();
+    Say({});
+    if (session_.RollByHand(chartRoll)) AfterInput();
+}
+
+bool frmGame::Asks(const Question& question) {
+    return services_.dialogs.Ask(question.text, question.title) == Reply::Yes;
+}
+
+void frmGame::IntentionalWalk() {
+    if (!Asks(WalkQuestion(session_.Data(), session_.State(), session_.Options()))) return;
+    if (session_.IntentionalWalk()) GoOn();
+}
+
+void frmGame::Bunt() {
+    const GameState& state = session_.State();
+    const Question question = BuntQuestion(session_.Data(), state, session_.Options());
+    BuntType type = BuntAsked(state);
+    if (FirstAndThird(state)) {
+        const int way = services_.dialogs.Choose(question.text, question.title, question.first, question.second);
+        if (way < 0) return;
+        type = way == 0 ? BuntType::Sacrifice : BuntType::Squeeze;
+    } else if (!Asks(question)) {
+        return;
+    }
+    if (session_.Bunt(type)) GoOn();
+}
+
+void frmGame::Steal() {
+    const GameState& state = session_.State();
+    const Question question = StealQuestion(session_.Data(), state, session_.Options());
+    char target = StealAsked(state);
+    if (FirstAndThird(state)) {
+        const int way = services_.dialogs.Choose(question.text, question.title, question.first, question.second);
+        if (way < 0) return;
+        target = way == 0 ? '2' : 'H';
+    } else if (!Asks(question)) {
+        return;
+    }
+    if (session_.Steal(target)) GoOn();
+}
+
+void frmGame::PreviousPlay() {
+    if (pause_.isActive()) return;
+    shown_ = shown_ == Shown::Previous ? Shown::Current : Shown::Previous;
+    Refresh();
+}
+
+void frmGame::QuickPlay() {
+    const std::vector<QuickPlayChoice> choices = QuickPlayChoices(session_.State());
+    std::vector<std::string> lines;
+    for (const QuickPlayChoice& choice : choices) lines.push_back(choice.text);
+    const int picked = services_.dialogs.Pick("Select a quick play option and click Play, otherwise click Cancel.",
+                                              "Quick Play Options", lines);
+    if (picked < 0) return;
+    session_.QuickPlay(choices[static_cast<std::size_t>(picked)].throughInning);
+    GoOn();
+}
+
+// --- After each input ------------------------------------------------------------------------------------------------
+
+// A result stays on its chart for as long as the settings say; then the game goes on.
+void frmGame::AfterInput() {
+    const GameOptions& options = session_.Options();
+    if (options.PlayResultDelay == 0 || options.HideChartDuringGame) {
+        GoOn();
+        return;
+    }
+    shown_ = Shown::Result;
+    pause_.start(options.PlayResultDelay * 1000);
+    Refresh();
+}
+
+void frmGame::GoOn() {
+    shown_ = Shown::Current;
+    Refresh();
+    for (const std::string& reminder : session_.TakeReminders()) Say(QString::fromStdString(reminder));
+    while (session_.AwaitsHuman())
+        if (!AskManager()) return;
+    if (session_.Over()) {
+        if (session_.State().WalkOff && !walkOffTold_) {
+            walkOffTold_ = true;
+            Refresh();
+            services_.dialogs.Remind(
+                "Walk off win for the " + TeamName(session_.Data(), Side::Home) + ". Click Game Over to continue.",
+                "Game Over");
+        } else if (!walkOffTold_) {
+            EndGame();
+        }
+        return;
+    }
+    if (!session_.RollsByItself()) return;
+    if (session_.Options().PlayResultDelay > 0 || session_.SpectatorMode) {
+        if (session_.Roll()) {
+            shown_ = Shown::Result;
+            pause_.start(session_.Options().PlayResultDelay * 1000);
+            Refresh();
+        }
+        return;
+    }
+    while (session_.RollsByItself() && session_.Roll()) {
+    }
+    GoOn();
+}
+
+// Puts what the game awaits of a human to him; false if nothing could be done.
+bool frmGame::AskManager() {
+    if (session_.State().awaited.kind == Await::Decision) {
+        const bool yes = Asks(DecisionQuestion(session_.Data(), session_.State(), session_.Options()));
+        if (!session_.Answer(yes)) return false;
+    } else {
+        FillOpenPlace();
+        if (session_.State().awaited.kind == Await::LineupChange) return false;
+    }
+    Refresh();
+    return true;
+}
+
+// Until a line-up can be made up on a screen of its own, the first man who can stand in the open place takes it.
+void frmGame::FillOpenPlace() {
+    const Awaited awaited = session_.State().awaited;
+    const std::string team = TeamName(session_.Data(), awaited.side);
+    if (awaited.cause == LineupCause::RelieverLimit)
+        services_.dialogs.Remind(std::string(awaited.side == Side::Visitor ? "Visitors" : "Home") +
+                                     " Pitcher has thrown Max Allowed Innings - Must be replaced.",
+                                 "Pitcher Fatigue");
+    if (session_.FillOpenPlace())
+        Say(tr("The open place of the %1 was filled with the first man who can stand there.")
+                .arg(QString::fromStdString(team)));
+    else
+        services_.dialogs.Warn("Nobody of the " + team + " can fill the open place. The game can't go on.", "Lineup");
+}
+
+// --- The end ---------------------------------------------------------------------------------------------------------
+
+void frmGame::EndGame() {
+    if (!gameOverShown_) {
+        gameOverShown_ = true;
+        Refresh();
+        ShowBoxScore();
+        return;
+    }
+    mayClose_ = true;
+    close();
+}
+
+bool frmGame::MayClose() {
+    if (mayClose_ || session_.Over()) return true;
+    services_.sound.Stop();
+    services_.sound.Beep();
+    const Question question = QuitQuestion();
+    switch (services_.dialogs.Ask(question.text, question.title, true)) {
+        case Reply::No: return true;
+        case Reply::Yes: Say(tr("A game can't be saved yet. It goes on as it stands.")); return false;
+        case Reply::Cancel: break;
+    }
+    return false;
+}
+
+}  // namespace tarvane

@@ -1,0 +1,88 @@
+#pragma once
+
+#include <QTimer>
+#include <memory>
+
+#include "ui/gamesession.h"
+#include "ui/gameview.h"
+#include "ui/screen.h"
+#include "ui/services.h"
+
+class QLabel;
+class QMenu;
+class QTableWidget;
+
+namespace Ui {
+class frmGame;
+}
+
+namespace tarvane {
+
+struct Question;
+
+// The game screen. It shows what the session holds, hands the user's clicks to it, puts its questions to him, and lets
+// sheets that roll by themselves roll.
+class frmGame : public Screen {
+    Q_OBJECT
+
+  public:
+    frmGame(GamePtr setup, const GameOptions& options, std::uint64_t seed, Services services,
+            QWidget* parent = nullptr);
+    ~frmGame() override;
+
+    const GameSession& Session() const { return session_; }
+
+  protected:
+    bool MayClose() override;
+    void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+  private:
+    // What the last chart is being shown for, if it is.
+    enum class Shown { Current, Result, Previous };
+
+    void ConnectControls();
+    void SetUpGrids();
+    void BuildSettingsMenu();
+    void Begin();
+
+    // --- Clicks ---
+    void Play();
+    void ManualRoll(int chartRoll);
+    void IntentionalWalk();
+    void Bunt();
+    void Steal();
+    void PreviousPlay();
+    void QuickPlay();
+    void ShowBoxScore();
+    void EndGame();
+
+    // --- After each input ---
+    void AfterInput();
+    void GoOn();
+    bool AskManager();
+    void FillOpenPlace();
+    bool Asks(const Question& question);
+
+    // --- Showing ---
+    void Refresh();
+    void ShowChart();
+    void ShowControls();
+    void ShowScoreBoard();
+    void ShowDiceAndResult();
+    void ShowResultCell(QLabel* label, const SheetView& chart, int column, int roll);
+    void ShowPanel(Side side);
+    void ShowLineup();
+    void Say(const QString& text);
+
+    Services services_;
+    GameSession session_;
+    std::unique_ptr<Ui::frmGame> ui_;
+    QTimer pause_;
+    QMenu* settings_ = nullptr;
+    Shown shown_ = Shown::Current;
+    bool opponentShown_ = false, walkOffTold_ = false, gameOverShown_ = false, mayClose_ = false, begun_ = false,
+         focusOnPlay_ = true;
+};
+
+}  // namespace tarvane
