@@ -1,0 +1,205 @@
+#include <gmock/gmock.h>
+
+#include <QComboBox>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTest>
+
+#include "engine/boxtext.h"
+#include "ui/chartgrid.h"
+#include "ui/demo.h"
+#include "ui/frmgame.h"
+
+namespace tarvane {
+namespace {
+
+using testing::HasSubstr;
+using testing::SizeIs;
+
+struct GameTest : testing::Test {
+    demo::Outside outside;
+    demo::DemoSeasons seasons;
+    std::unique_ptr<frmGame> game;
+
+    void Open(const GameOptions& options, std::uint64_t seed = 5) {
+        game = std::make_unique<frmGame>(seasons.Setup(), options, seed, outside.Get());
+        game->resize(1024, 768);
+        game->show();
+        game->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(game.get()));
+    }
+    template <class T = QPushButton>
+    T* Find(const char* name) {
+        T* found = game->findChild<T*>(QString::fromLatin1(name));
+        EXPECT_NE(found, nullptr) << name;
+        return found;
+    }
+    std::string Label(const char* name) { return Find<QLabel>(name)->text().toStdString(); }
+    const GameState& State() { return game->Session().State(); }
+    // A key with ALT: the button it belongs to goes down and up again before it acts.
+    void Alt(Qt::Key key) {
+        QTest::keyClick(game.get(), key, Qt::AltModifier);
+        QTest::qWait(150);
+    }
+    void PlayToSheet(SheetCode sheet) {
+        for (int i = 0; i < 5000 && State().sheet != sheet && !State().GameOverFlag; ++i) Find("cmdPlay")->click();
+        ASSERT_EQ(State().sheet, sheet);
+    }
+};
+
+TEST_F(GameTest, APersonPlaysFromTheFirstPitchToTheLastOut) {
+    GameOptions options;
+    Open(options);
+    outside.dialogs.defaultReply = Reply::Yes;  // every runner is sent
+    int clicks = 0;
+    while (!State().GameOverFlag && ++clicks < 5000) {
+        ASSERT_TRUE(Find("cmdPlay")->isEnabled()) << "after " << clicks << " clicks";
+        Find("cmdPlay")->click();
+        ASSERT_EQ(StateOk(game->Session().Data(), State()), "");
+    }
+    ASSERT_TRUE(State().GameOverFlag);
+    EXPECT_EQ(Find("cmdPlay")->text(), "Game Over");
+    if (outside.dialogs.documents.empty()) Find("cmdPlay")->click();  // after a walk-off
+    ASSERT_THAT(outside.dialogs.documents, SizeIs(1));
+    EXPECT_EQ(outside.dialogs.documents[0].text, BoxScoreText(game->Session().Data(), State()));
+    EXPECT_TRUE(ProveBox(State()).Proves());
+    Find("cmdPlay")->click();
+    EXPECT_FALSE(game->isVisible());
+    EXPECT_FALSE(outside.dialogs.questions.empty());
+}
+
+TEST_F(GameTest, OneClickPlaysAWholeTurnAtBat) {
+    GameOptions options;
+    options.ComputerMgrAutoClick = true;
+    Open(options);
+    EXPECT_EQ(Find("cmdPlay")->text(), "1-Click Result");
+    EXPECT_FALSE(Find("cmdManualRoll")->isEnabled());
+    int clicks = 0;
+    while (!State().GameOverFlag && ++clicks < 500) {
+        Find("cmdPlay")->click();
+        if (!State().GameOverFlag) {
+            ASSERT_EQ(State().sheet, SheetCode::P);
+        }
+    }
+    EXPECT_TRUE(State().GameOverFlag);
+    EXPECT_LT(clicks, 200);
+}
+
+TEST_F(GameTest, ARollByHandIsReadAndTheRowIsMarked) {
+    GameOptions options;
+    options.ManualDiceRolls = true;
+    Open(options);
+    auto* chart = Find<ChartGrid>("grdActiveChart");
+    auto* dice = Find<QComboBox>("cmbManualDice");
+    PlayToSheet(SheetCode::P);
+    ASSERT_EQ(dice->count(), 30);
+    dice->setCurrentIndex(dice->findData(39));
+    const std::string text = chart->item(30, 1)->text().toStdString();
+    Find("cmdManualRoll")->click();
+    EXPECT_EQ(Label("lblDiceRoll"), "39");
+    EXPECT_EQ(Label("lbl10Dice"), "3");
+    EXPECT_EQ(Label("lblDice1").front() - '0' + Label("lblDice2").front() - '0', 9);
+    EXPECT_EQ(QString::fromStdString(Label("lblResult")).trimmed().toStdString(), text);
+    // The chart of the roll before comes back with its row marked, and no play is possible from it.
+    PlayToSheet(SheetCode::P);
+    Find("chkcurrPrev")->click();
+    const int roll = game->Session().LastChart()->roll;
+    EXPECT_EQ(chart->item(roll - 9, 0)->background().color(), QColor(0x80, 0x80, 0xFF));
+    EXPECT_NE(chart->item(roll == 39 ? 1 : roll - 8, 0)->background().color(), QColor(0x80, 0x80, 0xFF));
+    EXPECT_FALSE(Find("cmdPlay")->isEnabled());
+    EXPECT_EQ(Find("chkcurrPrev")->text(), "C&urrent Play");
+    Find("chkcurrPrev")->click();
+    EXPECT_TRUE(Find("cmdPlay")->isEnabled());
+}
+
+TEST_F(GameTest, ARowClickRollsOnlyWhenDiceAreRolledByHand) {
+    for (const bool manual : {false, true}) {
+        GameOptions options;
+        options.ManualDiceRolls = manual;
+        Open(options);
+        PlayToSheet(SheetCode::P);
+        auto* chart = Find<ChartGrid>("grdActiveChart");
+        const auto steps = State().steps;
+        const auto click = [&](int row) {
+            QTest::mouseClick(chart->viewport(), Qt::LeftButton, {},
+                              chart->visualItemRect(chart->item(row, 1)).center());
+        };
+        click(0);  // the head is no roll
+        EXPECT_EQ(State().steps, steps);
+        click(14);
+        EXPECT_EQ(State().steps > steps, manual);
+        if (manual) {
+            EXPECT_EQ(Label("lblDiceRoll"), "23");
+        }
+    }
+}
+
+TEST_F(GameTest, KeysPlayTheGame) {
+    Open({});
+    EXPECT_TRUE(Find("cmdPlay")->hasFocus());
+    auto steps = State().steps;
+    Alt(Qt::Key_R);
+    EXPECT_GT(State().steps, steps);
+    steps = State().steps;
+    QTest::keyClick(Find("cmdPlay"), Qt::Key_Space);
+    EXPECT_GT(State().steps, steps);
+    PlayToSheet(SheetCode::P);
+    outside.dialogs.questions.clear();
+    outside.dialogs.defaultReply = Reply::Yes;
+    const auto slot = State().Batting().BatterSlot;
+    Alt(Qt::Key_I);
+    ASSERT_THAT(outside.dialogs.questions, testing::Not(testing::IsEmpty()));
+    EXPECT_EQ(outside.dialogs.questions[0].title, "Issue Intentional Walk");
+    EXPECT_NE(State().Batting().BatterSlot, slot);
+    EXPECT_THAT(Find<QPlainTextEdit>("txtPlayByPlay")->toPlainText().toStdString(),
+                HasSubstr("is walked intentionally"));
+    Alt(Qt::Key_S);  // a runner is on: he may go
+    EXPECT_THAT(outside.dialogs.questions.back().title, testing::AnyOf("Base Steal Decision", "Choose SB Option"));
+    Alt(Qt::Key_C);
+    EXPECT_THAT(outside.dialogs.documents, SizeIs(1));
+}
+
+TEST_F(GameTest, QuittingAsksAndCancelGoesBack) {
+    Open({});
+    outside.dialogs.replies = {Reply::Cancel, Reply::Yes, Reply::No};
+    Find("cmdQuit")->click();
+    EXPECT_TRUE(game->isVisible());
+    EXPECT_THAT(outside.dialogs.questions.back().text, HasSubstr("Do you want to save the game in progress?"));
+    Find("cmdQuit")->click();  // saving isn't there yet: the game is kept
+    EXPECT_TRUE(game->isVisible());
+    QTest::keyClick(Find<ChartGrid>("grdActiveChart"), Qt::Key_Escape);
+    EXPECT_FALSE(game->isVisible());
+}
+
+TEST_F(GameTest, QuickPlayTakesOverForTheInningsChosen) {
+    Open({});
+    outside.dialogs.pick = 0;
+    Find("chkQuickPlay")->click();
+    EXPECT_EQ(outside.dialogs.picks.front(), "Quick Play thru 3rd Inning");
+    EXPECT_EQ(State().Inning, 4);
+    EXPECT_EQ(Find("cmdPlay")->text().left(11), "Play Result");
+    EXPECT_THAT(Label("lblInning"), HasSubstr("4"));
+    outside.dialogs.pick = 99;  // the last: the rest of the game
+    Find("chkQuickPlay")->click();
+    EXPECT_TRUE(State().GameOverFlag);
+}
+
+TEST_F(GameTest, AResultStaysForItsTimeAndNothingCanBeClickedMeanwhile) {
+    GameOptions options;
+    options.PlayResultDelay = 1;
+    Open(options);
+    Find("cmdPlay")->click();
+    const auto steps = State().steps;
+    EXPECT_FALSE(Find("cmdPlay")->isEnabled());
+    EXPECT_FALSE(Find("chkQuickPlay")->isEnabled());
+    const int roll = game->Session().LastChart()->roll;
+    EXPECT_EQ(Find<ChartGrid>("grdActiveChart")->item(roll - 9, 0)->background().color(), QColor(0x80, 0x80, 0xFF));
+    Alt(Qt::Key_R);
+    EXPECT_EQ(State().steps, steps);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Find("cmdPlay")->isEnabled(); }, 3000));
+    EXPECT_TRUE(Find("cmdPlay")->hasFocus());
+}
+
+}  // namespace
+}  // namespace tarvane
