@@ -17,6 +17,7 @@ namespace tarvane::replay {
 namespace {
 
 constexpr long kDefaultGames = 2000;
+constexpr std::size_t kLeakGames = 48;  // played before and after all others: they must come out the same
 constexpr std::size_t kBatch = 256;  // games played between two readings of the clock, then hashed outside the timing
 
 // A folder of this process below the system's temporary folder, gone when it ends.
@@ -149,9 +150,12 @@ int Bench(const Context& context, const Options& options) {
     const auto games = static_cast<std::size_t>(options.Number("--games", kDefaultGames, 1, 10'000'000));
     const ScratchFolder scratch;
     const auto pairings = MakePairings(context, scratch.Path());
+    const std::uint64_t before = PlayAll(pairings, kLeakGames, true).signature;
     const BenchResult alone = PlayAll(pairings, games, false);
     fmt::print("engine alone: {:.0f} games per second, signature {:016x}\n", alone.gamesPerSecond, alone.signature);
     const BenchResult managed = PlayAll(pairings, games, true);
+    if (PlayAll(pairings, kLeakGames, true).signature != before)
+        throw UserError("the same games came out differently a second time: state leaks from one game into the next");
     Signature both;
     both.Add(static_cast<std::int64_t>(alone.signature), static_cast<std::int64_t>(managed.signature));
     fmt::print("signature: {:016x}\ngames per second: {:.0f}\n", both.Value(), managed.gamesPerSecond);

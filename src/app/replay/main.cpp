@@ -12,10 +12,9 @@
 #include "base/error.h"
 #include "commands.h"
 
-namespace {
+namespace tarvane::replay {
 
-using namespace tarvane;
-using namespace tarvane::replay;
+namespace {
 
 constexpr int kFailed = 1;
 constexpr int kUsage = 2;
@@ -65,6 +64,7 @@ int Run(std::vector<std::string> words, Context context) {
     words.erase(words.begin());
     if (std::find(words.begin(), words.end(), "--help") != words.end()) return PrintHelp(*command), 0;
     const Options options(words, command->options, command->positionals, command->positionalNames);
+    options.Seed();  // a seed that is no number is a wrong command line, whatever the command then finds
     try {
         return command->run(context, options);
     } catch (const UserError& error) {
@@ -75,7 +75,7 @@ int Run(std::vector<std::string> words, Context context) {
 
 }  // namespace
 
-int main(int argc, char** argv) {
+int Main(int argc, char** argv) {
     Context context;
     context.programPath = argc > 0 ? argv[0] : "";
     try {
@@ -88,3 +88,7 @@ int main(int argc, char** argv) {
         return kFailed;
     }
 }
+
+}  // namespace tarvane::replay
+
+int main(int argc, char** argv) { return tarvane::replay::Main(argc, argv); }
