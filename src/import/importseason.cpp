@@ -53,13 +53,18 @@ fs::path CopyTemplate(const DataPaths& paths, const fs::path& folder) {
     return file;
 }
 
-void RefuseExisting(const ImportRequest& request, const DataPaths& paths) {
+// What can be seen before anything is read.
+void CheckRequest(const ImportRequest& request, const DataPaths& paths) {
     CheckSeasonName(request.seasonName);
     if (!request.overwrite && fs::exists(paths.SeasonFile(request.seasonName)))
         throw UserError(
             fmt::format("Data already exists for Season Name \"{}\". Choose another name, or confirm that all its "
                         "data will be lost.",
                         request.seasonName));
+    if (request.retro && !fs::exists(paths.Data08() / kRetroWorkbook))
+        throw UserError(
+            fmt::format("Retro Splits need the workbook {} in the folder {}. Put it there, or import without them.",
+                        kRetroWorkbook, paths.Data08().string()));
 }
 
 ImportSettings SettingsOf(const ImportRequest& request, const std::vector<LahmanTeam>& list,
@@ -93,6 +98,9 @@ std::array<std::optional<std::int32_t>, 3> ErasOf(const ImportRequest& request, 
     if (!request.eras.empty() && request.eras.size() != leagues)
         throw UserError(
             fmt::format("The season has {} leagues, but {} year effects were chosen.", leagues, request.eras.size()));
+    for (const std::int32_t era : request.eras)
+        if (common.OpenRecordset("KorvYears", "EraID = ?", {std::int64_t{era}}).EndOfFile())
+            throw UserError(fmt::format("There is no year effect with the number {}.", era));
     const std::vector<std::string> names = LeaguesOf(teams);
     const int year = MainYear(teams);
     for (std::size_t i = 0; i < leagues; ++i) {
@@ -205,7 +213,7 @@ void FinishSeason(Database& season, Database& common, const DataPaths& paths, co
 }
 
 ImportResult ImportSeason(const ImportRequest& request, const DataPaths& paths, Database& common, Progress* progress) {
-    RefuseExisting(request, paths);
+    CheckRequest(request, paths);
     LahmanSource source(request.source, request.helper);
     ImportResult result;
     std::vector<std::string> notes;

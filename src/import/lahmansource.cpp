@@ -20,26 +20,28 @@ struct CountColumn {
 };
 
 constexpr CountColumn<LahmanBattingLine> kBattingCounts[]{
-    {"G", &LahmanBattingLine::G},        {"AB", &LahmanBattingLine::AB},      {"R", &LahmanBattingLine::R},   {"H", &LahmanBattingLine::H},
-    {"2B", &LahmanBattingLine::Doubles}, {"3B", &LahmanBattingLine::Triples}, {"HR", &LahmanBattingLine::HR}, {"RBI", &LahmanBattingLine::RBI},
-    {"SB", &LahmanBattingLine::SB},      {"CS", &LahmanBattingLine::CS},      {"BB", &LahmanBattingLine::BB}, {"SO", &LahmanBattingLine::SO},
-    {"IBB", &LahmanBattingLine::IBB},    {"HBP", &LahmanBattingLine::HBP},    {"SH", &LahmanBattingLine::SH}, {"SF", &LahmanBattingLine::SF},
-    {"GIDP", &LahmanBattingLine::GIDP}};
+    {"G", &LahmanBattingLine::G},     {"AB", &LahmanBattingLine::AB},      {"R", &LahmanBattingLine::R},
+    {"H", &LahmanBattingLine::H},     {"2B", &LahmanBattingLine::Doubles}, {"3B", &LahmanBattingLine::Triples},
+    {"HR", &LahmanBattingLine::HR},   {"RBI", &LahmanBattingLine::RBI},    {"SB", &LahmanBattingLine::SB},
+    {"CS", &LahmanBattingLine::CS},   {"BB", &LahmanBattingLine::BB},      {"SO", &LahmanBattingLine::SO},
+    {"IBB", &LahmanBattingLine::IBB}, {"HBP", &LahmanBattingLine::HBP},    {"SH", &LahmanBattingLine::SH},
+    {"SF", &LahmanBattingLine::SF},   {"GIDP", &LahmanBattingLine::GIDP}};
 
-constexpr CountColumn<LahmanPitchingLine> kPitchingCounts[]{{"W", &LahmanPitchingLine::W},   {"L", &LahmanPitchingLine::L},
-                                                      {"G", &LahmanPitchingLine::G},   {"GS", &LahmanPitchingLine::GS},
-                                                      {"CG", &LahmanPitchingLine::CG}, {"SHO", &LahmanPitchingLine::SHO},
-                                                      {"SV", &LahmanPitchingLine::SV}, {"IPouts", &LahmanPitchingLine::IPouts},
-                                                      {"H", &LahmanPitchingLine::H},   {"ER", &LahmanPitchingLine::ER},
-                                                      {"HR", &LahmanPitchingLine::HR}, {"BB", &LahmanPitchingLine::BB},
-                                                      {"SO", &LahmanPitchingLine::SO}, {"IBB", &LahmanPitchingLine::IBB},
-                                                      {"WP", &LahmanPitchingLine::WP}, {"HBP", &LahmanPitchingLine::HBP},
-                                                      {"BK", &LahmanPitchingLine::BK}, {"BFP", &LahmanPitchingLine::BFP},
-                                                      {"GF", &LahmanPitchingLine::GF}, {"R", &LahmanPitchingLine::R}};
+constexpr CountColumn<LahmanPitchingLine> kPitchingCounts[]{
+    {"W", &LahmanPitchingLine::W},   {"L", &LahmanPitchingLine::L},
+    {"G", &LahmanPitchingLine::G},   {"GS", &LahmanPitchingLine::GS},
+    {"CG", &LahmanPitchingLine::CG}, {"SHO", &LahmanPitchingLine::SHO},
+    {"SV", &LahmanPitchingLine::SV}, {"IPouts", &LahmanPitchingLine::IPouts},
+    {"H", &LahmanPitchingLine::H},   {"ER", &LahmanPitchingLine::ER},
+    {"HR", &LahmanPitchingLine::HR}, {"BB", &LahmanPitchingLine::BB},
+    {"SO", &LahmanPitchingLine::SO}, {"IBB", &LahmanPitchingLine::IBB},
+    {"WP", &LahmanPitchingLine::WP}, {"HBP", &LahmanPitchingLine::HBP},
+    {"BK", &LahmanPitchingLine::BK}, {"BFP", &LahmanPitchingLine::BFP},
+    {"GF", &LahmanPitchingLine::GF}, {"R", &LahmanPitchingLine::R}};
 
-constexpr CountColumn<LahmanFieldingLine> kFieldingCounts[]{{"G", &LahmanFieldingLine::G},   {"PO", &LahmanFieldingLine::PO},
-                                                      {"A", &LahmanFieldingLine::A},   {"E", &LahmanFieldingLine::E},
-                                                      {"DP", &LahmanFieldingLine::DP}, {"PB", &LahmanFieldingLine::PB}};
+constexpr CountColumn<LahmanFieldingLine> kFieldingCounts[]{
+    {"G", &LahmanFieldingLine::G}, {"PO", &LahmanFieldingLine::PO}, {"A", &LahmanFieldingLine::A},
+    {"E", &LahmanFieldingLine::E}, {"DP", &LahmanFieldingLine::DP}, {"PB", &LahmanFieldingLine::PB}};
 
 constexpr CountColumn<OutfieldLine> kOutfieldCounts[]{
     {"Glf", &OutfieldLine::Glf}, {"Gcf", &OutfieldLine::Gcf}, {"Grf", &OutfieldLine::Grf}};
@@ -154,11 +156,12 @@ void SortTables(LahmanTables& tables) {
     const auto bySpell = [](const SpellKey& a, const SpellKey& b) { return SpellOrder(a) < SpellOrder(b); };
     std::stable_sort(tables.Batting.begin(), tables.Batting.end(), bySpell);
     std::stable_sort(tables.Pitching.begin(), tables.Pitching.end(), bySpell);
-    std::stable_sort(tables.Fielding.begin(), tables.Fielding.end(), [](const LahmanFieldingLine& a, const LahmanFieldingLine& b) {
-        if (SpellOrder(a) != SpellOrder(b)) return SpellOrder(a) < SpellOrder(b);
-        if (a.G != b.G) return a.G > b.G;
-        return a.POS < b.POS;
-    });
+    std::stable_sort(tables.Fielding.begin(), tables.Fielding.end(),
+                     [](const LahmanFieldingLine& a, const LahmanFieldingLine& b) {
+                         if (SpellOrder(a) != SpellOrder(b)) return SpellOrder(a) < SpellOrder(b);
+                         if (a.G != b.G) return a.G > b.G;
+                         return a.POS < b.POS;
+                     });
     std::stable_sort(tables.FieldingOF.begin(), tables.FieldingOF.end(),
                      [](const OutfieldLine& a, const OutfieldLine& b) {
                          return std::tie(a.yearID, a.playerID, a.stint) < std::tie(b.yearID, b.playerID, b.stint);

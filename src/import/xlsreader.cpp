@@ -109,6 +109,9 @@ int XlsSheet::LastRow() const {
 }
 
 XlsWorkbook::XlsWorkbook(const std::filesystem::path& path) : name_(path.filename().string()) {
+    std::error_code missing;
+    if (const auto size = std::filesystem::file_size(path, missing); !missing && size > kMostBytes)
+        throw UserError(fmt::format("The workbook {} is larger than {} MB. Split it up.", name_, kMostBytes >> 20));
     Load(ReadFile(path));
 }
 

@@ -173,6 +173,7 @@ TEST_F(ImportTest, WrongRequests) {
     EXPECT_THAT(message([](auto& r) { r.PAFactor = 1.5; }), HasSubstr("PA Percentage"));
     EXPECT_THAT(message([](auto& r) { r.splits.LHBAdjust = 0.5; }), HasSubstr("LH Batter"));
     EXPECT_THAT(message([](auto& r) { r.eras = {19301}; }), HasSubstr("2 leagues"));
+    EXPECT_THAT(message([](auto& r) { r.eras = {19301, 5}; }), HasSubstr("year effect with the number 5"));
     EXPECT_THAT(message([](auto& r) { r.source = "/nowhere"; }), HasSubstr("/nowhere"));
     EXPECT_THAT(message([](auto& r) { r.retro = true; }), HasSubstr("Retrosheet_Splits"));
     EXPECT_EQ(Standing(), standing);

@@ -35,11 +35,13 @@ TEST(MdbReader, OtherFilesAreRefusedByName) {
         {"season.mdb", {"SQLite format 3" + std::string(85, '\0'), "of this game"}},
         {"lahman.zip", {"PK\3\4 and more of an archive", "Unpack"}},
     };
-    for (const auto& [name, file] : files) {
-        WriteFile(folder / name, file.first);
+    for (const auto& entry : files) {
+        const std::string& name = entry.first;
+        const auto& [bytes, told] = entry.second;
+        WriteFile(folder / name, bytes);
         const std::string message = MessageOf([&] { LahmanSource(folder / name, Helper()).ReadTeams(); });
         EXPECT_THAT(message, HasSubstr(name));
-        EXPECT_THAT(message, HasSubstr(file.second));
+        EXPECT_THAT(message, HasSubstr(told));
     }
     EXPECT_THAT(MessageOf([&] { LahmanSource(folder / "none.mdb", Helper()).ReadTeams(); }), HasSubstr("none.mdb"));
 }

@@ -97,6 +97,10 @@ TEST(XlsReader, WhatCannotBeReadIsSaid) {
                 HasSubstr("damaged"));
     EXPECT_THAT(message(CompoundWith(stream).substr(0, 700)), HasSubstr("book.xls is damaged"));
     EXPECT_THAT(MessageOf([] { XlsWorkbook("/nowhere/at/all.xls"); }), HasSubstr("/nowhere/at/all.xls"));
+    TempFolder folder;
+    WriteFile(folder / "huge.xls", "");
+    fs::resize_file(folder / "huge.xls", std::uintmax_t{1} << 40);  // without a byte on the disk
+    EXPECT_THAT(MessageOf([&] { XlsWorkbook(folder / "huge.xls"); }), HasSubstr("huge.xls is larger than 64 MB"));
 }
 
 // A chain of sectors that bites its tail, and thousands of random wounds: a message or a sheet, never a fall.
