@@ -58,7 +58,6 @@ class AssignRest : public ::testing::Test {
     }
     LeagueRules rules = DefaultRest();
     TeamRoster roster;
-    Pitcher& starter = roster.pitchers[0];
 };
 
 TEST_F(AssignRest, StartersByTheirBracketsAddedToWhatIsLeft) {
