@@ -110,18 +110,18 @@ void AddTo(StateHasher& h, const PlayValues& values) {
 
 void AddTo(StateHasher& h, const Play& play) {
     const auto& [PlayResult, DisplayResult, PitcherSheetEffect, ParkResult, YearResult, ChartRoll, BBSORating,
-                 GreatPlay, AutoOutPlay, ErrorCheck, FieldingDone, NearLine, NarrationDone, Notes, FieldedBy, ErrorBy,
+                 GreatPlay, AutoOutPlay, FieldingDone, NearLine, NarrationDone, Notes, FieldedBy, ErrorBy,
                  DecisionErrorBy, errorKind, ForcePivot, playAt, batterHeld, extraBase, MDResult, MDRow, BuntRow,
                  StealRow, buntType, buntTypeOnPlay, buntResult, SecondBuntAttempt, BuntTriedThisAtBat, BuntFoulOut,
                  SqueezeDoubledOff, StealTarget, StolenBaseSlot, StealHomeTried, values, RunsScoredList,
                  RunsScoredCount, EarnedRunsOnPlay, RBIOnPlay, InjuryPending, InjuredPosition, InjuredBatter,
                  InjuredSlot, InjuryDays] = play;
     h.Add(PlayResult, DisplayResult, PitcherSheetEffect, ParkResult, YearResult, ChartRoll, BBSORating, GreatPlay,
-          AutoOutPlay, ErrorCheck, FieldingDone, NearLine, NarrationDone, Notes, FieldedBy, ErrorBy, DecisionErrorBy,
-          errorKind, ForcePivot, playAt, extraBase, MDResult, MDRow, BuntRow, StealRow, buntType, buntTypeOnPlay,
-          buntResult, SecondBuntAttempt, BuntTriedThisAtBat, BuntFoulOut, SqueezeDoubledOff, StealTarget,
-          StolenBaseSlot, StealHomeTried, RunsScoredCount, EarnedRunsOnPlay, RBIOnPlay, InjuryPending, InjuredPosition,
-          InjuredBatter, InjuredSlot, InjuryDays);
+          AutoOutPlay, FieldingDone, NearLine, NarrationDone, Notes, FieldedBy, ErrorBy, DecisionErrorBy, errorKind,
+          ForcePivot, playAt, extraBase, MDResult, MDRow, BuntRow, StealRow, buntType, buntTypeOnPlay, buntResult,
+          SecondBuntAttempt, BuntTriedThisAtBat, BuntFoulOut, SqueezeDoubledOff, StealTarget, StolenBaseSlot,
+          StealHomeTried, RunsScoredCount, EarnedRunsOnPlay, RBIOnPlay, InjuryPending, InjuredPosition, InjuredBatter,
+          InjuredSlot, InjuryDays);
     AddTo(h, batterHeld);
     AddTo(h, values);
     h.AddEach(RunsScoredList);
