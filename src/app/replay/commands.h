@@ -11,7 +11,6 @@ namespace tarvane::replay {
 // What every command is given besides its own options.
 struct Context {
     std::filesystem::path dataDir;      // empty: the user's own data folder
-    std::filesystem::path programPath;  // of this program, to find its helper beside it
 };
 
 struct Command {

@@ -77,7 +77,6 @@ int Run(std::vector<std::string> words, Context context) {
 
 int Main(int argc, char** argv) {
     Context context;
-    context.programPath = argc > 0 ? argv[0] : "";
     try {
         return Run(std::vector<std::string>(argv + std::min(argc, 1), argv + argc), context);
     } catch (const UserError& error) {

@@ -71,8 +71,7 @@ int PlayGame(const Context& context, const Options& options) {
         narrator->Finish();
         fmt::print("\n");
     }
-    fmt::print("{}\n{}\n{}\n", LineScoreText(setup.data, state), BoxScoreText(setup.data, state),
-               BoxProofText(setup.data, state));
+    fmt::print("{}\n{}\n", BoxScoreText(setup.data, state), BoxProofText(setup.data, state));
     return ProveBox(state).Proves() ? 0 : 1;
 }
 

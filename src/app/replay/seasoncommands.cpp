@@ -51,7 +51,6 @@ ImportRequest RequestOf(const Context& context, const Options& options) {
     ImportRequest request;
     request.seasonName = options.Positional(0);
     request.source = options.Text("--source");
-    request.helper.program = std::filesystem::path(context.programPath).parent_path() / "tarvane-import";
     request.teams = ChosenTeams(options);
     request.minIPOuts = static_cast<int>(3 * options.Number("--min-ip", 0, 0, 400));
     request.minAB = static_cast<int>(options.Number("--min-ab", 0, 0, 1000));
