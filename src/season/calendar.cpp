@@ -1,5 +1,7 @@
 #include "season/calendar.h"
 
+#include <fmt/core.h>
+
 #include <charconv>
 #include <chrono>
 
@@ -30,6 +32,12 @@ std::optional<long> DayCount(std::string_view date) {
     const auto read = ReadDate(date);
     if (!read) return {};
     return std::chrono::sys_days{*read}.time_since_epoch().count();
+}
+
+std::string DateText(long days) {
+    const std::chrono::year_month_day date{std::chrono::sys_days{std::chrono::days{days}}};
+    return fmt::format("{:04}-{:02}-{:02}", static_cast<int>(date.year()), static_cast<unsigned>(date.month()),
+                       static_cast<unsigned>(date.day()));
 }
 
 std::optional<int> DayOfYear(std::string_view date) {

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "core/database.h"
+#include "records/team.h"
+#include "season/gamelog.h"
+#include "season/scheduleimport.h"
+
+namespace tarvane {
+
+// Writes the line-ups of a game log as line-ups fixed for their games.
+class LineupFixer {
+  public:
+    LineupFixer(Database& season, const std::vector<Team>& teams);
+
+    struct Game {
+        std::int64_t gameID = 0;
+        std::string date;
+        Side side = Side::Visitor;
+        std::int32_t teamIdx = 0;
+    };
+    // Counts what it did, and whom it didn't find, in result.
+    void Fix(const Game& game, const LoggedTeam& logged, ScheduleImportResult& result);
+
+  private:
+    bool Fill(const std::string& teamID, const LoggedTeam& logged, LineupList& list, ScheduleImportResult& result);
+    void NoteMissing(const LoggedMan& man, bool starter, ScheduleImportResult& result);
+    void Insert(const LineupList& list);
+
+    Database& season_;
+    const std::vector<Team>& teams_;
+    LoggedPlayers players_;
+    Statement insert_;
+    PerSide<Statement> tie_;
+    std::map<std::string, std::size_t> missingAt_;  // place in the result's list
+};
+
+}  // namespace tarvane
