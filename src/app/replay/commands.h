@@ -33,6 +33,13 @@ int ShowChart(const Context&, const Options&);
 int Bench(const Context&, const Options&);
 int Rates(const Context&, const Options&);
 int SampleLeague(const Context&, const Options&);
+int ImportScheduleFile(const Context&, const Options&);
+int MakeSchedule(const Context&, const Options&);
+int ExportScheduleFile(const Context&, const Options&);
+int ShowStandings(const Context&, const Options&);
+int ShowLeaders(const Context&, const Options&);
+int ShowTeamVsTeam(const Context&, const Options&);
+int ShowPlayerLog(const Context&, const Options&);
 
 // A seed for a run that was given none: from the clock, told on standard error so that the run can be repeated.
 std::uint64_t SeedOf(const Options& options);

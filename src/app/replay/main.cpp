@@ -25,7 +25,7 @@ void PrintHelp() {
         "usage: tarvane-replay [--data-dir DIR] COMMAND [options]\n\n"
         "DIR is the folder that holds all seasons; it is made on first use. Without it: 'Tarvane Baseball Files' in\n"
         "your documents folder.\n\ncommands:\n");
-    for (const Command& command : Commands()) fmt::print("  {:<14} {}\n", command.name, command.summary);
+    for (const Command& command : Commands()) fmt::print("  {:<16} {}\n", command.name, command.summary);
     fmt::print("\n'tarvane-replay COMMAND --help' tells a command's options.\n");
 }
 
@@ -90,4 +90,6 @@ int Main(int argc, char** argv) {
 
 }  // namespace tarvane::replay
 
-int main(int argc, char** argv) { return tarvane::replay::Main(argc, argv); }
+int main(int argc, char** argv) {
+    return tarvane::replay::Main(argc, argv);
+}
