@@ -47,7 +47,7 @@ std::vector<TeamChoice> ChosenTeams(const Options& options) {
     return teams;
 }
 
-ImportRequest RequestOf(const Context& context, const Options& options) {
+ImportRequest RequestOf(const Options& options) {
     ImportRequest request;
     request.seasonName = options.Positional(0);
     request.source = options.Text("--source");
@@ -77,7 +77,7 @@ ImportRequest RequestOf(const Context& context, const Options& options) {
 }  // namespace
 
 int NewSeason(const Context& context, const Options& options) {
-    const ImportRequest request = RequestOf(context, options);
+    const ImportRequest request = RequestOf(options);
     Installation installation(context);
     ImportResult result;
     {
