@@ -32,7 +32,8 @@ struct StreakState {
 StreakState ReadStreak(Database& season, std::int64_t teamIdx) {
     Statement games = season.Prepare(
         "SELECT HomeTeamIndex = ?1, VisitorScore, HomeScore FROM Schedule "
-        "WHERE Played <> 0 AND (VisitorTeamIndex = ?1 OR HomeTeamIndex = ?1) ORDER BY GameID");
+        "WHERE Played <> 0 AND (VisitorTeamIndex = ?1 OR HomeTeamIndex = ?1) "
+        "ORDER BY GameDate, GameID");
     games.Bind(1, teamIdx);
     StreakState streak;
     while (games.Step()) {

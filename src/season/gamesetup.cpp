@@ -31,30 +31,6 @@ std::int32_t EraOfLeague(Database& season, std::int16_t lgIdx) {
     return 0;
 }
 
-// The park, and either the year's chart or the defensive era of the home team's league.
-void LoadSurroundings(Database& common, Database& season, const ExhibitionOptions& options, GameSetup& setup) {
-    GameData& data = setup.data;
-    const Team& home = data[Side::Home].roster.team;
-    MessageList messages(setup.messages);
-    const std::int32_t parkID = options.parkID != 0 ? options.parkID : home.ParkID;
-    if (parkID == 0)
-        throw UserError(
-            "Home Team does not have a ballpark defined. Go to Organize Teams and choose ballpark for Home Team.");
-    EraAverages baseline;
-    if (!LoadBallpark(common, parkID, options.images, messages, data.park, baseline))
-        throw UserError(
-            fmt::format("{}: there is no ballpark {}. Choose another park.", common.Path().string(), parkID));
-    // The season's code of leagues, as the tables have it: in a bracket all teams count as one league.
-    Statement league = season.Prepare("SELECT lgIdx FROM KorvTeams WHERE teamID = ?");
-    league.Bind(1, home.teamID);
-    const auto lgIdx = league.Step() ? static_cast<std::int16_t>(league.Int(0)) : home.lgIdx;
-    const std::int32_t eraID = EraOfLeague(season, lgIdx);
-    std::int32_t normalizeEraID = 0;
-    LoadYearEffects(common, data.rules, eraID, normalizeEraID, messages, data.year, baseline);
-    if (data.rules.DefensiveErasInForce()) LoadDefensiveEra(common, eraID, messages, data.defensiveEra);
-    data.charts = LoadGameCharts(common);
-}
-
 // Without a date nobody rests; with one the rests that are over are cleared.
 void SettleRest(GameData& data, const std::string& date) {
     if (!date.empty()) {
@@ -82,6 +58,29 @@ ChosenStarter StarterOf(GameSetup& setup, Side side, std::int32_t lastStarter) {
 }
 
 }  // namespace
+
+void LoadSurroundings(Database& common, Database& season, const ExhibitionOptions& options, GameSetup& setup) {
+    GameData& data = setup.data;
+    const Team& home = data[Side::Home].roster.team;
+    MessageList messages(setup.messages);
+    const std::int32_t parkID = options.parkID != 0 ? options.parkID : home.ParkID;
+    if (parkID == 0)
+        throw UserError(
+            "Home Team does not have a ballpark defined. Go to Organize Teams and choose ballpark for Home Team.");
+    EraAverages baseline;
+    if (!LoadBallpark(common, parkID, options.images, messages, data.park, baseline))
+        throw UserError(
+            fmt::format("{}: there is no ballpark {}. Choose another park.", common.Path().string(), parkID));
+    // The season's code of leagues, as the tables have it: in a bracket all teams count as one league.
+    Statement league = season.Prepare("SELECT lgIdx FROM KorvTeams WHERE teamID = ?");
+    league.Bind(1, home.teamID);
+    const auto lgIdx = league.Step() ? static_cast<std::int16_t>(league.Int(0)) : home.lgIdx;
+    const std::int32_t eraID = EraOfLeague(season, lgIdx);
+    std::int32_t normalizeEraID = 0;
+    LoadYearEffects(common, data.rules, eraID, normalizeEraID, messages, data.year, baseline);
+    if (data.rules.DefensiveErasInForce()) LoadDefensiveEra(common, eraID, messages, data.defensiveEra);
+    data.charts = LoadGameCharts(common);
+}
 
 bool DHUsedIn(const LeagueRules& rules, const Team& home) {
     return rules.LeagueDH || (rules.HometeamDH && home.HomeDH);

@@ -32,6 +32,10 @@ struct ExhibitionOptions {
 GameSetup LoadExhibition(Database& common, Database& season, const std::string& visitorCode,
                          const std::string& homeCode, const ExhibitionOptions& options = {});
 
+// Fills the park, the year's chart or the defensive era of the home team's league, and the charts of the game; rules
+// and the home team's row are there. Throws UserError if the team has no park.
+void LoadSurroundings(Database& common, Database& season, const ExhibitionOptions& options, GameSetup& setup);
+
 // The DH bats: in the whole league, or where the home team's rule says so.
 bool DHUsedIn(const LeagueRules& rules, const Team& home);
 

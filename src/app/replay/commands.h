@@ -32,6 +32,8 @@ int PlayGame(const Context&, const Options&);
 int ShowChart(const Context&, const Options&);
 int Bench(const Context&, const Options&);
 int Rates(const Context&, const Options&);
+int PlaySeason(const Context&, const Options&);
+int ShowHash(const Context&, const Options&);
 int SampleLeague(const Context&, const Options&);
 int ImportScheduleFile(const Context&, const Options&);
 int MakeSchedule(const Context&, const Options&);

@@ -1,0 +1,80 @@
+#include "season/seasonplay.h"
+
+#include <fmt/core.h>
+
+#include "base/error.h"
+#include "engine/game.h"
+#include "season/calendar.h"
+
+namespace tarvane {
+
+namespace {
+
+// One of the three sources of chance of a game: its dice and its two managers.
+std::uint64_t SeedFor(std::uint64_t seasonSeed, std::int32_t gameID, std::uint64_t source) {
+    constexpr std::uint64_t kSpread = 0x9E3779B97F4A7C15;
+    Random mixed(seasonSeed);
+    const std::uint64_t own = kSpread * static_cast<std::uint32_t>(gameID) + source;
+    Random game(mixed.Next() ^ own);
+    return game.Next();
+}
+
+}  // namespace
+
+bool SeasonWatcher::GoOn(const ScheduledGame&, long, long) {
+    return true;
+}
+void SeasonWatcher::GameOver(const GameSetup&, const GameState&, GameToPost&) {}
+void SeasonWatcher::Posted(const ScheduledGame&, const GameSetup&, const GameState&, const PostingReport&) {}
+
+SeasonPlayer::SeasonPlayer(Database& common, Database& season, std::filesystem::path images)
+    : common_(common), season_(season), images_(std::move(images)) {}
+SeasonPlayer::~SeasonPlayer() = default;
+
+SeasonRunResult SeasonPlayer::Run(const SeasonRun& run, SeasonWatcher& watcher) {
+    if (!run.through.empty() && !DayCount(run.through))
+        throw UserError(fmt::format("\"{}\" is no date: write yyyy-mm-dd.", run.through));
+    std::vector<ScheduledGame> games = UnplayedGames(season_, run.through);
+    if (run.games && static_cast<std::size_t>(*run.games) < games.size())
+        games.resize(static_cast<std::size_t>(*run.games));
+    SeasonRunResult result;
+    for (const ScheduledGame& game : games) {
+        if (!watcher.GoOn(game, result.played, static_cast<long>(games.size()))) {
+            result.stopped = true;
+            break;
+        }
+        PlayOne(game, run.seed, watcher);
+        ++result.played;
+    }
+    return result;
+}
+
+void SeasonPlayer::PlayOne(const ScheduledGame& game, std::uint64_t seed, SeasonWatcher& watcher) {
+    if (!setup_) {
+        setup_ = std::make_unique<ScheduleSetup>(common_, season_, images_);
+        poster_ = std::make_unique<GamePoster>(season_);
+    }
+    // Whatever fails leaves records in memory that the tables don't hold: the next game loads all anew.
+    std::unique_ptr<ScheduleSetup> teams = std::move(setup_);
+    GameSetup& setup = teams->SetUp(game);
+    GameState state;
+    const Reject reject = StartGame(setup.data, setup.lineup[Side::Visitor], setup.lineup[Side::Home], state);
+    if (reject != Reject::None)
+        throw UserError(fmt::format("Game {} of {} can't begin: {}", game.GameID, game.GameDate, RejectText(reject)));
+    state.computer = setup.control;
+    Random dice(SeedFor(seed, game.GameID, 0));
+    ComputerManager visitor(Side::Visitor, Random(SeedFor(seed, game.GameID, 1)), setup.knowledge[Side::Visitor]);
+    ComputerManager home(Side::Home, Random(SeedFor(seed, game.GameID, 2)), setup.knowledge[Side::Home]);
+    PlayOut(setup.data, state, dice, visitor, home, watcher.Listener());
+
+    GameToPost posting;
+    posting.GameID = game.GameID;
+    posting.daysReduced = teams->DaysReduced();
+    watcher.GameOver(setup, state, posting);
+    const PostingReport report = poster_->Post(posting, setup.data, state);
+    watcher.Posted(game, setup, state, report);
+    teams->TakeBack(report.latest, state, report.movedMen);
+    setup_ = std::move(teams);
+}
+
+}  // namespace tarvane
