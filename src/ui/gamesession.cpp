@@ -4,6 +4,7 @@
 #include "ui/names.h"
 #include "ui/playbyplay.h"
 
+#include <fmt/format.h>
 #include <utility>
 
 namespace tarvane {
@@ -29,42 +30,28 @@ Reject GameSession::Start() {
     state_.computer = options_.computer;
     const Reject reject = StartGame(Data(), setup_->lineup[Side::Visitor], setup_->lineup[Side::Home], state_);
     if (reject != Reject::None) return reject;
-    text_ = TellOpening(Data(), state_);
+    text_.Welcome(Data(), state_);
     arrived_ = state_.sheet == SheetCode::P;
     Settle();
     return Reject::None;
 }
 
 void GameSession::OnEvent(const GameData& data, const GameState& state, const GameEvent& event) {
-    if (event.kind == EventKind::Substitution) changes_.push_back(TellChange(data, state, event));
+    if (quiet_) return;
+    text_.OnEvent(data, state, event);
     if (event.kind == EventKind::Message && event.tag == Tag::PitcherRestReminder)
         reminders_.push_back("Reminder to manager: " + PlayerName(data, event.side, state[event.side].pitcher) +
                              " is one out away from requiring an additional day of pitcher rest.");
-    if (event.kind == EventKind::ScoreSheet && event.tag == Tag::RunsScored) scorers_.push_back(event.slot);
 }
 
-bool GameSession::Take(const Input& input, bool intentional) {
-    const GameState before = state_;
-    scorers_.clear();
-    changes_.clear();
+bool GameSession::Take(const Input& input) {
     if (Advance(Data(), state_, input, this) != Reject::None) return false;
     if (state_.sheet == SheetCode::P && state_.awaited.kind == Await::Roll) arrived_ = true;
-    if (std::holds_alternative<LineupInput>(input)) {
-        for (const std::string& change : changes_) Append(change);
-    } else {
-        Append(TellStep(Data(), before, state_, scorers_, intentional));
-    }
     return true;
 }
 
 std::vector<std::string> GameSession::TakeReminders() {
     return std::exchange(reminders_, {});
-}
-
-void GameSession::Append(const std::string& text) {
-    if (text.empty()) return;
-    if (!text_.empty()) text_ += '\n';
-    text_ += text;
 }
 
 bool GameSession::Roll() {
@@ -90,11 +77,11 @@ void GameSession::Remember(int chartRoll) {
                        chartRoll,
                        chartRoll / 10,
                        ShowDice(chartRoll, decoration_.RandomRoll216()),
-                       text_};
+                       text_.Text()};
 }
 
 bool GameSession::IntentionalWalk() {
-    if (!Take(IntentionalWalkInput{DrawPlayValues(random_)}, true)) return false;
+    if (!Take(IntentionalWalkInput{DrawPlayValues(random_)})) return false;
     Settle();
     return true;
 }
@@ -178,12 +165,17 @@ bool GameSession::RollsByItself() const {
 
 void GameSession::QuickPlay(int throughInning) {
     const PerSide<SideControl> before = state_.computer;
+    quiet_ = true;
     state_.computer = {{SideControl{true, true, true}, SideControl{true, true, true}}};
     arrived_ = arrived_ || state_.sheet == SheetCode::P;
     Settle();
     while (!Over() && (throughInning == 0 || state_.Inning <= throughInning))
         if (!Roll()) break;
     state_.computer = before;
+    quiet_ = false;
+    const std::string score = fmt::format("{} {}, {} {}.", TeamName(Data(), Side::Visitor), state_[Side::Visitor].Runs,
+                                          TeamName(Data(), Side::Home), state_[Side::Home].Runs);
+    text_.Note((Over() ? "Quick play to the end of the game: " : "Quick play to here: ") + score);
 }
 
 }  // namespace tarvane

@@ -8,6 +8,7 @@
 #include "base/random.h"
 #include "engine/game.h"
 #include "ui/gameoptions.h"
+#include "ui/playbyplay.h"
 #include "ui/seasonaccess.h"
 
 namespace tarvane {
@@ -48,6 +49,7 @@ class GameSession : private GameListener {
     // --- What stands ---
 
     const GameData& Data() const { return setup_->data; }
+    const PreparedGame& Game() const { return *setup_; }
     const GameState& State() const { return state_; }
     GameOptions& Options() { return options_; }
     const GameOptions& Options() const { return options_; }
@@ -62,7 +64,7 @@ class GameSession : private GameListener {
     bool ComputerManages(Side side) const { return state_.computer[side].game; }
 
     const std::optional<ChartShown>& LastChart() const { return last_; }
-    const std::string& PlayByPlay() const { return text_; }
+    std::string RunningText() const { return text_.Text(); }
 
     // Reminders to managers since the last call, oldest first.
     std::vector<std::string> TakeReminders();
@@ -72,13 +74,12 @@ class GameSession : private GameListener {
 
   private:
     void OnEvent(const GameData& data, const GameState& state, const GameEvent& event) override;
-    bool Take(const Input& input, bool intentional = false);
+    bool Take(const Input& input);
     bool RollWith(int chartRoll);
     void Remember(int chartRoll);
     void Settle();
     bool AnswerForComputer();
     bool BeforePitch();
-    void Append(const std::string& text);
 
     GamePtr setup_;
     GameOptions options_;
@@ -87,11 +88,10 @@ class GameSession : private GameListener {
     Random decoration_;  // dice faces; the game never sees it
     PerSide<std::unique_ptr<Manager>> manager_;
     std::optional<ChartShown> last_;
-    std::string text_;
-    std::vector<int> scorers_;
-    std::vector<std::string> changes_;  // men who came in on this input
+    PlayByPlay text_;
     std::vector<std::string> reminders_;
     int orders_ = 0;        // of computer managers before this pitch
+    bool quiet_ = false;    // quick play: nothing is told
     bool arrived_ = false;  // the computer managers have not yet been asked before this pitch
 };
 

@@ -4,12 +4,10 @@
 
 #include "engine/gamedata.h"
 #include "engine/gamestate.h"
+#include "narration/naming.h"
 
 namespace tarvane {
 
-const std::string& PlayerName(const GameData& data, Side side, PlayerRef player);
-// The last word of a name, with a Jr., Sr. or III that follows it.
-std::string LastName(const std::string& name);
 std::string LastNameOf(const GameData& data, Side side, PlayerRef player);
 // The man in a lineup slot (1 to 9).
 std::string SlotLastName(const GameData& data, const GameState& state, Side side, int slot);

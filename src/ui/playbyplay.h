@@ -1,21 +1,32 @@
 #pragma once
 
+#include <memory>
 #include <string>
-#include <vector>
 
 #include "engine/game.h"
 
 namespace tarvane {
 
-// The line-up announcement before the first pitch.
-std::string TellOpening(const GameData& data, const GameState& state);
+class Narrator;
 
-// What one input did, told plainly from the states before and after it; empty while a play is still on its way. scorers
-// are the lineup slots of the men who came home, in order. intentional marks a walk that was ordered.
-std::string TellStep(const GameData& data, const GameState& before, const GameState& after,
-                     const std::vector<int>& scorers, bool intentional);
+// The running text of a game: what has been told of it, play by play, the play under way at the end. Without its
+// wordings it says why it can't speak, and the game goes on.
+class PlayByPlay {
+  public:
+    PlayByPlay();
+    ~PlayByPlay();
 
-// A man who came into the game.
-std::string TellChange(const GameData& data, const GameState& state, const GameEvent& event);
+    // The opening; call it with the state at the first pitch.
+    void Welcome(const GameData& data, const GameState& state);
+    void OnEvent(const GameData& data, const GameState& state, const GameEvent& event);
+    // A line of the program's own, such as what happened while nobody was told.
+    void Note(const std::string& text);
+
+    std::string Text() const;
+
+  private:
+    std::string told_;
+    std::unique_ptr<Narrator> narrator_;
+};
 
 }  // namespace tarvane
