@@ -1,8 +1,10 @@
 #include <QActionGroup>
 #include <QHeaderView>
 #include <QMenu>
+#include <QPainter>
 #include <QScrollBar>
 #include <QStyle>
+#include <QStyledItemDelegate>
 
 #include "engine/boxtext.h"
 #include "ui/chartgrid.h"
@@ -15,6 +17,24 @@
 namespace tarvane {
 
 namespace {
+
+// Text close to the edges: the narrow columns of the game's grids have no room for a style's margins.
+class TightCells : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        QStyleOptionViewItem cell = option;
+        initStyleOption(&cell, index);
+        painter->save();
+        if (cell.backgroundBrush.style() != Qt::NoBrush) painter->fillRect(cell.rect, cell.backgroundBrush);
+        painter->setFont(cell.font);
+        painter->setPen(cell.palette.color(QPalette::Text));
+        const QRect room = cell.rect.adjusted(3, 0, -2, 0);
+        const QString text = cell.fontMetrics.elidedText(cell.text, Qt::ElideRight, room.width());
+        painter->drawText(room, static_cast<int>(cell.displayAlignment), text);
+        painter->restore();
+    }
+};
 
 // A grid that only shows: no editing, no selection, columns and rows that share the room.
 void PlainGrid(QTableWidget* grid, int rows, int columns) {
@@ -31,6 +51,7 @@ void PlainGrid(QTableWidget* grid, int rows, int columns) {
     grid->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     grid->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     grid->setWordWrap(false);
+    grid->setItemDelegate(new TightCells(grid));
     for (int row = 0; row < rows; ++row)
         for (int column = 0; column < columns; ++column) grid->setItem(row, column, new QTableWidgetItem);
 }
@@ -54,8 +75,8 @@ void HeadCell(QTableWidget* grid, int row, int column) {
 void frmGame::SetUpGrids() {
     PlainGrid(ui_->grdScoreBoard, 3, 14);
     ui_->grdScoreBoard->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Interactive);
-    PlainGrid(ui_->grdVisitorPlayer, 10, 3);
-    PlainGrid(ui_->grdHomePlayer, 10, 3);
+    PlainGrid(ui_->grdVisitorPlayer, 10, 4);
+    PlainGrid(ui_->grdHomePlayer, 10, 4);
     PlainGrid(ui_->grdPlayers, 10, 6);
     for (int column = 0; column < 6; ++column)
         ui_->grdPlayers->horizontalHeader()->setSectionResizeMode(
@@ -121,7 +142,7 @@ void frmGame::ShowChart() {
         ui_->grdActiveChart->SetChart(last->chart, last->roll);
     else
         ui_->grdActiveChart->SetChart(MakeSheetView(session_.Data(), session_.State()), 0);
-    const std::string& text = shown_ == Shown::Previous && last ? last->playByPlay : session_.PlayByPlay();
+    const std::string text = shown_ == Shown::Previous && last ? last->playByPlay : session_.RunningText();
     if (ui_->txtPlayByPlay->toPlainText() != QText(text)) {
         ui_->txtPlayByPlay->setPlainText(QText(text));
         ui_->txtPlayByPlay->verticalScrollBar()->setValue(ui_->txtPlayByPlay->verticalScrollBar()->maximum());
@@ -233,20 +254,22 @@ void frmGame::ShowDiceAndResult() {
 }
 
 void frmGame::ShowPanel(Side side) {
-    const PlayerPanel panel = MakePlayerPanel(session_.Data(), session_.State(), side);
+    const PlayerPanel panel = MakePlayerPanel(session_.Game(), session_.State(), side);
     QLabel* name = side == Side::Visitor ? ui_->lblVisitorPlayer : ui_->lblHomePlayer;
     QTableWidget* grid = side == Side::Visitor ? ui_->grdVisitorPlayer : ui_->grdHomePlayer;
     name->setText(QText(panel.team + (panel.pitching ? " pitching\n" : " at bat\n") + panel.name));
-    Put(grid, 0, 0, "", Qt::AlignLeft);
-    Put(grid, 0, 1, "Cmp", Qt::AlignRight, true);
-    Put(grid, 0, 2, "Gm", Qt::AlignRight, true);
-    for (int column = 0; column < 3; ++column) HeadCell(grid, 0, column);
+    const std::array<const char*, 4> heads{"", "Cmp", "Gm", "Act"};
+    for (int column = 0; column < 4; ++column) {
+        Put(grid, 0, column, heads[static_cast<std::size_t>(column)], Qt::AlignRight, true);
+        HeadCell(grid, 0, column);
+    }
+    grid->setColumnHidden(3, !panel.hasReal);
     for (int row = 1; row < grid->rowCount(); ++row) {
         const auto at = static_cast<std::size_t>(row - 1);
-        const std::array<std::string, 3> line = at < panel.rows.size() ? panel.rows[at] : std::array<std::string, 3>{};
+        const std::array<std::string, 4> line = at < panel.rows.size() ? panel.rows[at] : std::array<std::string, 4>{};
         Put(grid, row, 0, line[0], Qt::AlignLeft, true);
-        Put(grid, row, 1, line[1], Qt::AlignRight);
-        Put(grid, row, 2, line[2], Qt::AlignRight);
+        for (int column = 1; column < 4; ++column)
+            Put(grid, row, column, line[static_cast<std::size_t>(column)], Qt::AlignRight);
     }
 }
 

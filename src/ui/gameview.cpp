@@ -44,106 +44,44 @@ std::string InningRuns(const GameState& state, Side side, int inning) {
     return std::to_string(now ? state.HalfInningRuns : state[side].InningRuns[static_cast<std::size_t>(inning - 1)]);
 }
 
+const char* Stars(const TeamState& team) {
+    return team.PitcherTired ? "**" : team.PitcherIntermediateTired ? "*" : "";
+}
+
+// With a DH the pitcher stands in no slot: his ratings come from his own record.
+std::string PitcherBesideDH(const GameData& data, const GameState& state, Side side) {
+    const TeamState& team = state[side];
+    const PlayerRef man = team.pitcher;
+    std::string text = LastNameOf(data, side, man) + Stars(team);
+    if (man.Nobody()) return text;
+    for (const PositionRating& entry : data[side].roster.pitchers[static_cast<std::size_t>(man.index)].Pos) {
+        if (entry.position != Position::P) continue;
+        text += fmt::format(" {}", entry.rating);
+        if (data.rules.UseErrorRatings) text += fmt::format(" {}", entry.errorRating);
+        break;
+    }
+    return text;
+}
+
 std::string FielderText(const GameData& data, const GameState& state, Side side, Position position) {
     const TeamState& team = state[side];
     const bool pitcher = position == Position::P;
+    if (pitcher && data.DHUsed) return PitcherBesideDH(data, state, side);
     for (const LineupSlot& slot : team.lineup) {
         if (slot.position != position) continue;
         std::string text = LastNameOf(data, side, slot.player);
-        if (pitcher && team.PitcherTired)
-            text += "**";
-        else if (pitcher && team.PitcherIntermediateTired)
-            text += "*";
+        if (pitcher) text += Stars(team);
         text += fmt::format(" {}", slot.SlotDR);
         if (data.rules.UseErrorRatings) text += fmt::format(" {}", slot.SlotErrorRating);
         if (position == Position::C && team.CatcherIRated) text += " I";
         if (position == Position::C && team.CatcherORated) text += " O";
         return text;
     }
-    if (!pitcher) return {};
-    return LastNameOf(data, side, team.pitcher) + (team.PitcherTired ? "**" : team.PitcherIntermediateTired ? "*" : "");
+    return {};
 }
 
 bool PitcherRolls(SheetCode sheet) {
     return sheet == SheetCode::P || sheet == SheetCode::PS;
-}
-
-std::string Hand(std::int32_t hand) {
-    if (hand == kSwitchHitter) return " (S)";
-    return hand == kLeftHand ? " (L)" : " (R)";
-}
-
-std::string Rate(double value) {
-    std::string text = fmt::format("{:.3f}", value);
-    return value < 1 ? text.substr(1) : text;
-}
-
-std::string Average(int hits, int atBats) {
-    return Rate(atBats == 0 ? 0.0 : static_cast<double>(hits) / atBats);
-}
-
-std::string Innings(int outs) {
-    return fmt::format("{}.{}", outs / 3, outs % 3);
-}
-
-std::string EarnedRunAverage(int earned, int outs) {
-    return outs == 0 ? "-" : fmt::format("{:.2f}", earned * 27.0 / outs);
-}
-
-const BattingTotals& SeasonBatting(const TeamData& team, PlayerRef player) {
-    const auto index = static_cast<std::size_t>(player.index);
-    return player.type == 'P' ? team.roster.pitchers[index].batting : team.roster.batters[index].total;
-}
-
-const BatterLine* LineOf(const TeamState& team, PlayerRef player) {
-    for (std::size_t i = 0; i < team.box.BatterLineCount; ++i)
-        if (team.box.batter[i].Active && team.box.batter[i].player == player) return &team.box.batter[i];
-    return nullptr;
-}
-
-PlayerPanel BatterPanel(const GameData& data, const GameState& state, Side side) {
-    const LineupSlot& slot = state[side].lineup[static_cast<std::size_t>(state[side].BatterSlot - 1)];
-    PlayerPanel panel{TeamName(data, side), PlayerName(data, side, slot.player) + Hand(slot.bats), false, {}};
-    if (slot.player.Nobody()) return panel;
-    const BattingTotals& season = SeasonBatting(data[side], slot.player);
-    const BatterLine* line = LineOf(state[side], slot.player);
-    const BatterLine game = line != nullptr ? *line : BatterLine{};
-    const auto row = [&](const char* name, int cmp, int gm) {
-        panel.rows.push_back({name, std::to_string(cmp), std::to_string(gm)});
-    };
-    row("AB", season.AB, game.total.AB);
-    row("R", season.R, game.R);
-    row("H", season.H, game.total.H);
-    row("HR", season.HR, game.total.HR);
-    row("RBI", season.RBI, game.total.RBI);
-    row("BB", season.BB, game.total.BB);
-    row("SO", season.SO, game.total.SO);
-    row("SB", season.SB, game.SB);
-    panel.rows.push_back({"Avg", Average(season.H, season.AB), Average(game.total.H, game.total.AB)});
-    return panel;
-}
-
-PlayerPanel PitcherPanel(const GameData& data, const GameState& state, Side side) {
-    const TeamState& team = state[side];
-    const PlayerRef pitcher = team.pitcher;
-    PlayerPanel panel{TeamName(data, side), PlayerName(data, side, pitcher) + Hand(team.PitcherThrows), true, {}};
-    if (pitcher.Nobody() || pitcher.type != 'P') return panel;
-    const PitchingTotals& season = data[side].roster.pitchers[static_cast<std::size_t>(pitcher.index)].total;
-    const PitchingLine game =
-        team.box.PitchersUsed > 0 ? team.box.pitching[team.box.PitchersUsed - 1U] : PitchingLine{};
-    const auto row = [&](const char* name, int cmp, int gm) {
-        panel.rows.push_back({name, std::to_string(cmp), std::to_string(gm)});
-    };
-    row("G", season.Games, 1);
-    panel.rows.push_back({"IP", Innings(season.IPOuts), Innings(game.IPOuts)});
-    row("H", season.OppHits, game.H);
-    row("BB", season.OppBB, game.BB);
-    row("SO", season.OppSO, game.SO);
-    row("R", season.OppRuns, game.R);
-    row("ER", season.ER, game.ER);
-    panel.rows.push_back({"ERA", EarnedRunAverage(season.ER, season.IPOuts), EarnedRunAverage(game.ER, game.IPOuts)});
-    row("BF", season.BF, game.BF);
-    return panel;
 }
 
 }  // namespace
@@ -193,10 +131,6 @@ FieldLabels MakeFieldLabels(const GameData& data, const GameState& state) {
         labels.runner[base - 1].text = fmt::format("{} {}", SlotLastName(data, state, bat, runner.slot), rating);
     }
     return labels;
-}
-
-PlayerPanel MakePlayerPanel(const GameData& data, const GameState& state, Side side) {
-    return side == state.BattingSide ? BatterPanel(data, state, side) : PitcherPanel(data, state, side);
 }
 
 std::vector<LineupLine> MakeLineup(const GameData& data, const GameState& state, Side side) {

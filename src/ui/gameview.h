@@ -48,13 +48,14 @@ struct FieldLabels {
 FieldLabels MakeFieldLabels(const GameData& data, const GameState& state);
 
 // A panel beside the chart: the batter of the side at bat, the pitcher of the side in the field. Each row is a name,
-// the season so far and this game.
+// the replay season so far, this game, and the real season where it is known.
 struct PlayerPanel {
     std::string team, name;
     bool pitching = false;
-    std::vector<std::array<std::string, 3>> rows;
+    bool hasReal = false;
+    std::vector<std::array<std::string, 4>> rows;
 };
-PlayerPanel MakePlayerPanel(const GameData& data, const GameState& state, Side side);
+PlayerPanel MakePlayerPanel(const PreparedGame& game, const GameState& state, Side side);
 
 // One line of the batting order: mark and slot, name, position, defence, run and bunt rating.
 using LineupLine = std::array<std::string, 6>;

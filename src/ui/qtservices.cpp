@@ -3,19 +3,15 @@
 #include <QApplication>
 #include <QAudioDevice>
 #include <QDesktopServices>
-#include <QDialogButtonBox>
 #include <QFileDialog>
-#include <QFontDatabase>
 #include <QInputDialog>
 #include <QMediaDevices>
 #include <QMessageBox>
-#include <QPlainTextEdit>
 #include <QPushButton>
-#include <QScreen>
 #include <QSoundEffect>
 #include <QUrl>
-#include <QVBoxLayout>
 
+#include "ui/frmdocument.h"
 #include "ui/qtext.h"
 
 namespace tarvane {
@@ -94,21 +90,7 @@ int QtDialogs::Pick(const std::string& text, const std::string& title, const std
 }
 
 void QtDialogs::ShowDocument(const std::string& text, const std::string& title) {
-    QDialog dialog(QApplication::activeWindow());
-    dialog.setWindowTitle(QText(title));
-    auto* page = new QPlainTextEdit(QText(text), &dialog);
-    page->setReadOnly(true);
-    page->setLineWrapMode(QPlainTextEdit::NoWrap);
-    page->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, &dialog);
-    QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
-    auto* layout = new QVBoxLayout(&dialog);
-    layout->addWidget(page);
-    layout->addWidget(buttons);
-    const QFontMetrics metrics(page->font());
-    const QSize wanted(metrics.horizontalAdvance(QLatin1Char('0')) * 90, metrics.height() * 46);
-    dialog.resize(wanted.boundedTo(dialog.screen()->availableSize() * 0.9));
-    dialog.exec();
+    frmDocument(text, title, QApplication::activeWindow()).exec();
 }
 
 std::optional<std::filesystem::path> QtDialogs::OpenFile(const std::string& title, const std::filesystem::path& folder,

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "data/seasons.h"
+#include "ratings/lahman_records.h"
 #include "season/gamesetup.h"
 
 namespace tarvane {
@@ -23,8 +24,12 @@ struct ParkEntry {
     int yearID = 0;
 };
 
-// A game about to begin. It outlives the screen that plays it.
-using GamePtr = std::shared_ptr<const GameSetup>;
+// A game about to begin, with what its men did in the real season where that is known.
+struct PreparedGame : GameSetup {
+    PerSide<LahmanRecordSet> real;
+};
+// It outlives the screen that plays it.
+using GamePtr = std::shared_ptr<const PreparedGame>;
 
 // What an exhibition game is made of.
 struct ExhibitionGame {

@@ -44,8 +44,13 @@ GamePtr StoredSeasons::Exhibition(const ExhibitionGame& game) {
     options.parkID = game.parkID;
     options.control = game.control;
     options.images = session_.Paths().BallparkImages();
-    return std::make_shared<GameSetup>(
-        LoadExhibition(session_.Common(), session_.Seasons().Season(), game.visitorID, game.homeID, options));
+    Database& season = session_.Seasons().Season();
+    auto prepared = std::make_shared<PreparedGame>();
+    static_cast<GameSetup&>(*prepared) =
+        LoadExhibition(session_.Common(), season, game.visitorID, game.homeID, options);
+    for (const Side side : kBothSides)
+        prepared->real[side] = LoadLahmanRecords(season, prepared->data[side].roster.team.teamID);
+    return prepared;
 }
 
 GameOptions OptionsFrom(const GameSettings& settings) {

@@ -31,7 +31,7 @@ QFrame[role="card"] { background: #F6F0DD; border-radius: 6px; }
 QFrame[role="card"] QLabel { color: #26251F; }
 QFrame[role="card"] QLabel[role="caption"] { color: #8A3D1E; }
 
-QGroupBox { color: #26251F; border: 1px solid #D8CDAE; border-radius: 4px; margin-top: 0.7em; font-weight: bold; }
+QGroupBox { color: #26251F; border: 1px solid #D8CDAE; border-radius: 4px; margin-top: 10px; padding-top: 8px; font-weight: bold; }
 QGroupBox::title { subcontrol-origin: margin; left: 8px; padding: 0 4px; }
 QGroupBox:disabled { color: #6F6959; }
 QRadioButton, QCheckBox { color: #26251F; spacing: 6px; font-weight: normal; }
@@ -125,7 +125,7 @@ void ScaleFonts(QWidget& window, double pixels) {
 
 double TextPixels(int width, int height) {
     const double scale = std::min(width / 1024.0, height / 768.0);
-    return std::clamp(13.0 * (0.35 + 0.65 * scale), 12.0, 20.0);
+    return std::clamp(13.0 * (0.2 + 0.8 * scale), 12.0, 22.0);
 }
 
 }  // namespace tarvane

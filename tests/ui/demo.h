@@ -32,8 +32,8 @@ class DemoSeasons : public SeasonAccess {
     }
 
     GamePtr Setup() const { return MakeSetup(); }
-    std::shared_ptr<GameSetup> MakeSetup() const {
-        auto setup = std::make_shared<GameSetup>();
+    std::shared_ptr<PreparedGame> MakeSetup() const {
+        auto setup = std::make_shared<PreparedGame>();
         GameData* data = &setup->data;
         *data = fixture::MakeGameData(rules);
         data->team[Side::Visitor].roster.team.shortName = "Visitors";
