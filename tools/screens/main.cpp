@@ -1,19 +1,27 @@
-// tarvane-screens OUTDIR: renders each screen to PNG files at 1024x768 and 1920x1080, without a display.
+// tarvane-screens OUTDIR [--data-dir DIR]: renders each screen to PNG files at 1024x768 and 1920x1080, without a
+// display. With a data folder the first two teams of its active season play (the first season, which becomes
+// active, if none is); else two invented clubs do.
 
 #include <fmt/format.h>
 
 #include <QApplication>
+#include <QComboBox>
 #include <QDir>
 #include <QPushButton>
 #include <clocale>
 #include <functional>
 
+#include "base/error.h"
+#include "data/session.h"
+#include "engine/boxtext.h"
 #include "ui/demo.h"
+#include "ui/frmdocument.h"
 #include "ui/frmgame.h"
 #include "ui/frmmain.h"
 #include "ui/frmpreexgame.h"
 #include "ui/frmseasons.h"
 #include "ui/frmsplash.h"
+#include "ui/storedseasons.h"
 #include "ui/theme.h"
 
 namespace {
@@ -53,10 +61,10 @@ void Press(QWidget& screen, const char* name, int times) {
     for (int i = 0; i < times && button != nullptr && button->isEnabled(); ++i) button->click();
 }
 
-void TakeGame(Camera& camera, demo::DemoSeasons& seasons, demo::Outside& outside) {
+void TakeGame(Camera& camera, const GamePtr& setup, demo::Outside& outside) {
     GameOptions options;
     options.ManualDiceRolls = true;
-    frmGame game(seasons.Setup(), options, 1975, outside.Get());
+    frmGame game(setup, options, 1975, outside.Get());
     camera.Take(game, QStringLiteral("frmGame-start"));
     Press(game, "cmdPlay", 60);
     camera.Take(game, QStringLiteral("frmGame-play"));
@@ -65,15 +73,63 @@ void TakeGame(Camera& camera, demo::DemoSeasons& seasons, demo::Outside& outside
     Press(game, "chkcurrPrev", 1);
     camera.Take(game, QStringLiteral("frmGame-previous"));
     Press(game, "chkcurrPrev", 1);
-    Press(game, "cmdPlay", 2000);
+    while (!game.Session().Over() && game.findChild<QPushButton*>(QStringLiteral("cmdPlay"))->isEnabled())
+        Press(game, "cmdPlay", 1);
     camera.Take(game, QStringLiteral("frmGame-over"));
+    frmDocument box(BoxScoreText(game.Session().Data(), game.Session().State()), "Box Score");
+    camera.Take(box, QStringLiteral("frmDocument-boxscore"));
+}
+
+// The first two teams of a season in the home team's park.
+GamePtr FirstGame(SeasonAccess& seasons) {
+    const std::vector<TeamEntry> teams = seasons.Teams();
+    if (teams.size() < 2) throw UserError("The active season has fewer than two teams: nobody can play.");
+    return seasons.Exhibition({teams[0].teamID, teams[1].teamID, teams[1].ParkID, {}});
+}
+
+void TakeAll(Camera& camera, SeasonAccess& seasons) {
+    demo::Outside outside;
+    frmMain menu(seasons, outside.Get(), {});
+    camera.Take(menu, QStringLiteral("frmMain"));
+    frmSplash splash;
+    camera.Take(splash, QStringLiteral("frmSplash"));
+    frmSeasons list(seasons, outside.Get());
+    camera.Take(list, QStringLiteral("frmSeasons"));
+    frmPreExGame exhibition(seasons, outside.Get(), {});
+    exhibition.findChild<QComboBox*>(QStringLiteral("cmbVisitorTeam"))->setCurrentIndex(0);
+    exhibition.findChild<QComboBox*>(QStringLiteral("cmbHomeTeam"))->setCurrentIndex(1);
+    camera.Take(exhibition, QStringLiteral("frmPreExGame"));
+    TakeGame(camera, FirstGame(seasons), outside);
+}
+
+class Printer : public MessageSink {
+  public:
+    void Warn(const std::string& title, const std::string& text) override {
+        fmt::print(stderr, "{}: {}\n", title, text);
+    }
+    void Inform(const std::string& title, const std::string& text) override { Warn(title, text); }
+};
+
+void TakeFrom(Camera& camera, const char* dataFolder) {
+    Printer printer;
+    Session session(printer);
+    StartupEnvironment environment;
+    environment.dataFolder = dataFolder;
+    if (session.StartUp(environment) != StartResult::Running) throw UserError("The data folder can't be used.");
+    StoredSeasons seasons(session);
+    const std::vector<SeasonEntry> all = seasons.Seasons();
+    if (seasons.ActiveSeason().empty() && !all.empty()) seasons.SetActive(all.front().LeagueID);
+    if (seasons.ActiveSeason().empty())
+        throw UserError(std::string(dataFolder) + " has no season to open. Make one with tarvane-replay new-season.");
+    TakeAll(camera, seasons);
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 2) {
-        fmt::print(stderr, "usage: tarvane-screens OUTDIR\n");
+    const bool given = argc == 4 && std::string_view(argv[2]) == "--data-dir";
+    if (argc != 2 && !given) {
+        fmt::print(stderr, "usage: tarvane-screens OUTDIR [--data-dir DIR]\n");
         return 2;
     }
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -84,16 +140,15 @@ int main(int argc, char** argv) {
     const QString folder = QString::fromLocal8Bit(argv[1]);
     QDir().mkpath(folder);
     Camera camera(folder);
-    demo::Outside outside;
-    demo::DemoSeasons seasons;
-    frmMain menu(seasons, outside.Get(), {});
-    camera.Take(menu, QStringLiteral("frmMain"));
-    frmSplash splash;
-    camera.Take(splash, QStringLiteral("frmSplash"));
-    frmSeasons list(seasons, outside.Get());
-    camera.Take(list, QStringLiteral("frmSeasons"));
-    frmPreExGame exhibition(seasons, outside.Get(), {});
-    camera.Take(exhibition, QStringLiteral("frmPreExGame"));
-    TakeGame(camera, seasons, outside);
+    try {
+        demo::DemoSeasons seasons;
+        if (given)
+            TakeFrom(camera, argv[3]);
+        else
+            TakeAll(camera, seasons);
+    } catch (const std::exception& error) {
+        fmt::print(stderr, "{}\n", error.what());
+        return 1;
+    }
     return camera.failed ? 1 : 0;
 }
