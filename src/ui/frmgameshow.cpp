@@ -29,8 +29,8 @@ class TightCells : public QStyledItemDelegate {
         if (cell.backgroundBrush.style() != Qt::NoBrush) painter->fillRect(cell.rect, cell.backgroundBrush);
         painter->setFont(cell.font);
         painter->setPen(cell.palette.color(QPalette::Text));
-        const QRect room = cell.rect.adjusted(3, 0, -2, 0);
-        const QString text = cell.fontMetrics.elidedText(cell.text, Qt::ElideRight, room.width());
+        const QRect room = cell.rect.adjusted(2, 0, -2, 0);
+        const QString text = QFontMetrics(cell.font).elidedText(cell.text, Qt::ElideRight, room.width());
         painter->drawText(room, static_cast<int>(cell.displayAlignment), text);
         painter->restore();
     }
@@ -78,6 +78,8 @@ void frmGame::SetUpGrids() {
     PlainGrid(ui_->grdVisitorPlayer, 10, 4);
     PlainGrid(ui_->grdHomePlayer, 10, 4);
     PlainGrid(ui_->grdPlayers, 10, 6);
+    for (QTableWidget* grid : {ui_->grdVisitorPlayer, ui_->grdHomePlayer})
+        grid->horizontalHeader()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
     for (int column = 0; column < 6; ++column)
         ui_->grdPlayers->horizontalHeader()->setSectionResizeMode(
             column, column == 1 ? QHeaderView::Stretch : QHeaderView::ResizeToContents);
