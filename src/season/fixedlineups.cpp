@@ -3,6 +3,7 @@
 #include <fmt/core.h>
 
 #include "data/teams.h"
+#include "manager/lineups.h"
 
 namespace tarvane {
 
@@ -38,7 +39,8 @@ void LineupFixer::Fix(const Game& game, const LoggedTeam& logged, ScheduleImport
     list.teamID = team->teamID;
     list.LineupName = fmt::format("{} as played", game.date);
     list.GameID = static_cast<std::int32_t>(game.gameID);
-    if (!Fill(team->teamID, logged, list, result)) {
+    const bool whole = Fill(team->teamID, logged, list, result);
+    if (!whole || (game.dhUsed && !HasDH(list))) {
         ++result.incomplete;
         return;
     }

@@ -7,7 +7,7 @@
 
 #include "core/database.h"
 #include "records/team.h"
-#include "season/gamelog.h"
+#include "season/loggedplayers.h"
 #include "season/scheduleimport.h"
 
 namespace tarvane {
@@ -22,8 +22,10 @@ class LineupFixer {
         std::string date;
         Side side = Side::Visitor;
         std::int32_t teamIdx = 0;
+        bool dhUsed = false;
     };
-    // Counts what it did, and whom it didn't find, in result.
+    // A nine in which the pitcher bats can't play a game with a DH: clubs could do without him in their own park, a
+    // season can't. Counts what it did, and whom it didn't find, in result.
     void Fix(const Game& game, const LoggedTeam& logged, ScheduleImportResult& result);
 
   private:

@@ -8,10 +8,12 @@
 #include "base/error.h"
 #include "base/text.h"
 #include "data/lineups.h"
+#include "data/rules.h"
 #include "data/schema.h"
 #include "data/teams.h"
 #include "season/filecodes.h"
 #include "season/fixedlineups.h"
+#include "season/gamesetup.h"
 
 namespace tarvane {
 
@@ -129,10 +131,14 @@ ScheduleImportResult ImportSchedule(Database& season, const ScheduleFile& file, 
     result.games = static_cast<int>(ids.size());
     if (file.gameLog && choice.lineups) {
         LineupFixer fixer(season, teams);
-        for (std::size_t i = 0; i < ids.size(); ++i)
+        const LeagueRules rules = LoadLeagueRules(season);
+        for (std::size_t i = 0; i < ids.size(); ++i) {
+            const NewGame& game = known.games[i];
+            const bool dhUsed = DHUsedIn(rules, *FindTeamByIndex(teams, game.teamIdx[Side::Home]));
             for (const Side side : kBothSides)
-                fixer.Fix({ids[i], known.games[i].date, side, known.games[i].teamIdx[side]},
-                          file.logged[known.place[i]][side], result);
+                fixer.Fix({ids[i], game.date, side, game.teamIdx[side], dhUsed}, file.logged[known.place[i]][side],
+                          result);
+        }
     }
     transaction.Commit();
     return result;

@@ -48,7 +48,7 @@ struct ScheduleImportResult {
     std::map<std::string, int> unknown;  // codes of clubs that the season doesn't have, and their games
     std::string fault;                   // what ended the import; empty if nothing did
     int lineups = 0;                     // fixed for their games
-    int incomplete = 0;                  // left out, because a man is missing
+    int incomplete = 0;                  // left out: a man is missing, or the DH
     int relieversStarting = 0;           // starters who are relievers alone in this season
     std::vector<MissingMan> missing;
 };
@@ -56,7 +56,7 @@ struct ScheduleImportResult {
 // Replaces the schedule by that of the file. A fault is a date that is none or (see the choice) an unknown club; its
 // text names the line. Line-ups of a game log become line-ups fixed for their games: rows of Lineups with the GameID
 // and, as playerIDP, the starting pitcher, whose lineupID stands in the game's VisitorLineupNbr or HomeLineupNbr. A
-// nine with a man whom the season doesn't have is left out, so that the computer manager makes one.
+// nine with a man whom the season doesn't have or a DH missing is left out, so that the computer manager makes one.
 ScheduleImportResult ImportSchedule(Database& season, const ScheduleFile& file,
                                     const ScheduleImportChoice& choice = {});
 
