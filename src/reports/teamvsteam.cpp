@@ -35,7 +35,8 @@ ReportTable CrossTable(std::string title, const std::vector<Team>& down, const s
         row.emplace_back(team.teamID);
         for (const Team& other : across) {
             const auto found = wins.find({team.TeamIdx, other.TeamIdx});
-            row.push_back(team.TeamIdx == other.TeamIdx || found == wins.end() ? Value() : Value(found->second));
+            Value& cell = row.emplace_back();
+            if (team.TeamIdx != other.TeamIdx && found != wins.end()) cell = found->second;
         }
     }
     return table;
