@@ -9,7 +9,7 @@
 #include "import/importseason.h"
 #include "installation.h"
 #include "sample/sampleleague.h"
-#include "season/gamesetup.h"
+#include "season/managedgame.h"
 #include "season/managerlists.h"
 
 namespace tarvane::replay {
@@ -112,17 +112,11 @@ struct BenchResult {
 };
 
 void PlayOne(const GameSetup& setup, std::size_t number, bool computerManagers, GameState& state) {
-    if (StartGame(setup.data, setup.lineup[Side::Visitor], setup.lineup[Side::Home], state) != Reject::None)
-        throw UserError("a game of the fictional league can't begin");
+    StartSetup(setup, state);
+    if (computerManagers) return PlayByComputers(setup, number, state);
     Random dice(number);
-    if (!computerManagers) {
-        Manager hold;
-        return PlayOut(setup.data, state, dice, hold, hold);
-    }
-    state.computer = setup.control;
-    ComputerManager visitor(Side::Visitor, Random(number * 2 + 1), setup.knowledge[Side::Visitor]);
-    ComputerManager home(Side::Home, Random(number * 2 + 2), setup.knowledge[Side::Home]);
-    PlayOut(setup.data, state, dice, visitor, home);
+    Manager hold;
+    PlayOut(setup.data, state, dice, hold, hold);
 }
 
 BenchResult PlayAll(const std::vector<GameSetup>& pairings, std::size_t games, bool computerManagers) {

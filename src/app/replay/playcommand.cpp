@@ -8,19 +8,11 @@
 #include "engine/boxtext.h"
 #include "installation.h"
 #include "narration/narrator.h"
-#include "season/gamesetup.h"
+#include "season/managedgame.h"
 
 namespace tarvane::replay {
 
 namespace {
-
-// The generators of one game: the dice, and each side's manager.
-struct GameChance {
-    Random dice;
-    PerSide<Random> manager;
-    explicit GameChance(std::uint64_t seed)
-        : dice(seed), manager{{Random(seed ^ 0x5649534954ULL), Random(seed ^ 0x484F4D45ULL)}} {}
-};
 
 // "average" for both sides or "aggressive,conservative" for visitors and home.
 void OverrideManagers(const std::string& text, GameSetup& setup) {
@@ -52,13 +44,7 @@ int PlayGame(const Context& context, const Options& options) {
     for (const std::string& message : setup.messages) fmt::print(stderr, "{}\n", message);
 
     GameState state;
-    const Reject reject = StartGame(setup.data, setup.lineup[Side::Visitor], setup.lineup[Side::Home], state);
-    if (reject != Reject::None) throw UserError(fmt::format("the game can't begin: {}", RejectText(reject)));
-    state.computer = setup.control;
-
-    GameChance chance(SeedOf(options));
-    ComputerManager visitor(Side::Visitor, chance.manager[Side::Visitor], setup.knowledge[Side::Visitor]);
-    ComputerManager home(Side::Home, chance.manager[Side::Home], setup.knowledge[Side::Home]);
+    StartSetup(setup, state);
     std::unique_ptr<Wordings> wordings;
     std::unique_ptr<Narrator> narrator;
     if (options.Has("--play-by-play")) {
@@ -66,7 +52,7 @@ int PlayGame(const Context& context, const Options& options) {
         narrator = std::make_unique<Narrator>(*wordings, [](const std::string& text) { fmt::print("{}\n", text); });
         narrator->Welcome(setup.data, state);
     }
-    PlayOut(setup.data, state, chance.dice, visitor, home, narrator.get());
+    PlayByComputers(setup, SeedOf(options), state, narrator.get());
     if (narrator) {
         narrator->Finish();
         fmt::print("\n");

@@ -7,14 +7,14 @@
 
 #include "base/error.h"
 #include "installation.h"
-#include "season/gamesetup.h"
 #include "season/gametally.h"
+#include "season/managedgame.h"
 
 namespace tarvane::replay {
 
 namespace {
 
-constexpr long kDefaultGames = 2000;
+constexpr long kRatedGames = 2000;
 constexpr int kRotations = 4;  // starters tried for each pairing
 
 struct RealSeason {
@@ -99,17 +99,11 @@ std::vector<std::string> TeamCodes(Database& season) {
     return codes;
 }
 
-// Plays one game of a set-up; number is the seed of its dice and managers.
-void PlayInto(const GameSetup& setup, std::uint64_t number, GameTally& tally) {
+void PlayInto(const GameSetup& setup, std::uint64_t seed, GameTally& tally) {
     GameState state;
-    const Reject reject = StartGame(setup.data, setup.lineup[Side::Visitor], setup.lineup[Side::Home], state);
-    if (reject != Reject::None) throw UserError(fmt::format("a game can't begin: {}", RejectText(reject)));
-    state.computer = setup.control;
-    Random dice(number);
-    ComputerManager visitor(Side::Visitor, Random(number * 2 + 1), setup.knowledge[Side::Visitor]);
-    ComputerManager home(Side::Home, Random(number * 2 + 2), setup.knowledge[Side::Home]);
-    PlayOut(setup.data, state, dice, visitor, home);
-    if (std::string fault = StateOk(setup.data, state); !fault.empty())
+    StartSetup(setup, state);
+    PlayByComputers(setup, seed, state);
+    if (const std::string fault = StateOk(setup.data, state); !fault.empty())
         throw UserError("a game ended wrongly: " + fault);
     tally.Add(state);
 }
@@ -124,7 +118,7 @@ std::int32_t StarterOf(const GameSetup& setup, Side side) {
 int Rates(const Context& context, const Options& options) {
     Installation installation(context);
     Database season = installation.OpenSeason(options.Positional(0));
-    const long games = options.Number("--games", kDefaultGames, 1, 10'000'000);
+    const long games = options.Number("--games", kRatedGames, 1, 10'000'000);
     const std::uint64_t seed = options.Seed().value_or(1);
     const auto codes = TeamCodes(season);
     GameTally tally;
