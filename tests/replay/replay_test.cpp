@@ -121,7 +121,9 @@ TEST_F(ReplayTest, EveryCommandHasHelp) {
 TEST_F(ReplayTest, SignatureOfTheEngine) {
     const Outcome bench = Run("bench --games 300");
     ASSERT_EQ(bench.code, 0) << bench.err;
-    EXPECT_THAT(bench.out, HasSubstr("\nsignature: " + ReadAll(std::string(TARVANE_TEST_DIR) + "/signature.txt")));
+    const std::string expected = ReadAll(std::string(TARVANE_TEST_DIR) + "/signature.txt");
+    ASSERT_EQ(expected.size(), 16U);
+    EXPECT_THAT(bench.out, HasSubstr("\nsignature: " + expected + "\n"));
     EXPECT_THAT(bench.out, HasSubstr("\ngames per second: "));
 }
 
