@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "data/datafixture.h"
+#include "reports/schedulereport.h"
 
 namespace tarvane {
 namespace {
@@ -129,6 +130,17 @@ TEST_F(StandingsTest, TeamVersusTeam) {
     EXPECT_THAT(Column(TeamVersusTeam(season.db, choice).at(0), "Losses"), ElementsAre("8", "13", "23"));
     choice.interLeague = false;
     EXPECT_THAT(Column(TeamVersusTeam(season.db, choice).at(0), "Abbrev"), ElementsAre("a2", "a1"));
+}
+
+TEST_F(StandingsTest, ScheduleReport) {
+    for (const char* code : {"a", "b", "c"}) Add(code, 0, 0);
+    for (const auto& [visitor, home] : {std::pair{1, 2}, {1, 2}, {2, 1}, {3, 1}})
+        season.Add("Schedule", {{"VisitorTeamIndex", N(visitor)}, {"HomeTeamIndex", N(home)}});
+    EXPECT_EQ(RenderTables({ScheduleReport(season.db)}, ReportForm::Csv),
+              "Team,Abbrev,Road,Home\n"
+              "a,a,2,2\n      Versus,b,2,1\n      Versus,c,0,1\n"
+              "b,b,1,2\n      Versus,a,1,2\n"
+              "c,c,1,0\n      Versus,a,1,0\n");
 }
 
 }  // namespace

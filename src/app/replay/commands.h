@@ -38,6 +38,7 @@ int SampleLeague(const Context&, const Options&);
 int ImportScheduleFile(const Context&, const Options&);
 int MakeSchedule(const Context&, const Options&);
 int ExportScheduleFile(const Context&, const Options&);
+int ShowScheduleReport(const Context&, const Options&);
 int ShowStandings(const Context&, const Options&);
 int ShowLeaders(const Context&, const Options&);
 int ShowTeamVsTeam(const Context&, const Options&);

@@ -11,6 +11,7 @@
 #include "installation.h"
 #include "reports/leaders.h"
 #include "reports/playerlog.h"
+#include "reports/schedulereport.h"
 #include "reports/standings.h"
 
 namespace tarvane::replay {
@@ -95,6 +96,13 @@ int ShowPlayerLog(const Context& context, const Options& options) {
     Installation installation(context);
     Database season = installation.OpenSeason(options.Positional(0));
     PrintTables(PlayerLog(season, options.Text("--player"), options.Text("--team")), options);
+    return 0;
+}
+
+int ShowScheduleReport(const Context& context, const Options& options) {
+    Installation installation(context);
+    Database season = installation.OpenSeason(options.Positional(0));
+    PrintTables({ScheduleReport(season)}, options);
     return 0;
 }
 

@@ -56,7 +56,8 @@ void TellImport(const ScheduleImportResult& result, bool gameLog) {
     if (!gameLog) return;
     fmt::print("{} line-ups fixed as played\n", result.lineups);
     if (result.incomplete > 0)
-        fmt::print("{} line-ups left to the managers, because a man of theirs or the DH is missing\n", result.incomplete);
+        fmt::print("{} line-ups left to the managers, because a man of theirs or the DH is missing\n",
+                   result.incomplete);
     if (result.relieversStarting > 0)
         fmt::print("{} of their starters are relievers alone in this season; the managers choose in their place\n",
                    result.relieversStarting);
