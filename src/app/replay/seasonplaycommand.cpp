@@ -61,6 +61,7 @@ class TerminalWatcher final : public SeasonWatcher {
         return stopAsked == 0;
     }
     void Posted(const ScheduledGame& game, const GameSetup&, const GameState&, const PostingReport& report) override {
+        posted_.push_back(SteadyClock::now());
         for (const std::string& message : report.messages) {
             Clear();
             fmt::print(stderr, "game {}: {}\n", game.GameID, message);
@@ -69,6 +70,18 @@ class TerminalWatcher final : public SeasonWatcher {
     void Clear() {
         if (terminal_) fmt::print(stderr, "\r\x1b[K");
         std::fflush(stderr);
+    }
+
+    // Whether games grow dearer as the season fills: the speed over the first and the last of a long run.
+    void PrintEnds() const {
+        constexpr std::size_t kEnd = 200;
+        if (posted_.size() <= 2 * kEnd) return;
+        const auto speed = [this](std::size_t from, std::size_t to) {
+            return static_cast<double>(to - from) / std::chrono::duration<double>(posted_[to] - posted_[from]).count();
+        };
+        const std::size_t last = posted_.size() - 1;
+        fmt::print("first {0} games: {1:.0f} a second, last {0}: {2:.0f}\n", kEnd, speed(0, kEnd),
+                   speed(last - kEnd, last));
     }
 
   private:
@@ -84,6 +97,7 @@ class TerminalWatcher final : public SeasonWatcher {
 
     bool terminal_;
     SteadyClock::time_point start_, shown_;
+    std::vector<SteadyClock::time_point> posted_;
 };
 
 void RefuseEmptySchedule(Database& season, const std::string& name) {
@@ -116,6 +130,7 @@ int PlaySeason(const Context& context, const Options& options) {
     watcher.Clear();
     fmt::print("{} games played{}, {} left\n", result.played, result.stopped ? " (stopped)" : "",
                UnplayedGames(season).size());
+    watcher.PrintEnds();
     fmt::print("games per second: {:.0f}\n", result.played > 0 ? static_cast<double>(result.played) / seconds : 0);
     return 0;
 }
