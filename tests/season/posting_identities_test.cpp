@@ -176,6 +176,14 @@ TEST_F(PostedSeason, RestIsOwedByThoseWhoPitched) {
         "julianday(b.GameDate) - julianday(a.GameDate) < 3");
 }
 
+TEST_F(PostedSeason, TheHurtSitOut) {
+    EXPECT_GT(Number("SELECT count(*) FROM KorvBatterResultsLog WHERE InjuryDate = GameDate AND InjuredDays > 0"), 3);
+    ExpectNone(
+        "SELECT a.PlayerID, a.InjuryDate, a.InjuredDays, b.GameDate FROM KorvBatterResultsLog a JOIN "
+        "KorvBatterResultsLog b ON a.PlayerID = b.PlayerID AND a.InjuryDate = a.GameDate AND b.GameDate > "
+        "a.GameDate AND julianday(b.GameDate) - julianday(a.GameDate) < a.InjuredDays");
+}
+
 TEST_F(PostedSeason, TheBestBattersInMemoryAreThoseOfTheTables) {
     TopBatters top;
     top.Read(season());

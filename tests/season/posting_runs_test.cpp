@@ -162,6 +162,17 @@ TEST(SeasonRuns, GamesOfAMovedManAlsoCountInHisCommonRow) {
               0);
 }
 
+TEST(SeasonRuns, WithoutTheInjuryRuleInjuriesStandUntouched) {
+    const auto made = testing::MakeScheduledSeason(2);
+    Database& season = *made->season;
+    season.Execute("UPDATE LeagueRules SET UseYellowXInjuryChart = 0");
+    season.Execute("UPDATE KorvBatters SET InjuryDate = '1975-03-01', InjuredDays = 60, InjuredDaysRemaining = 60");
+    EXPECT_EQ(testing::PlaySome(*made, 16).played, 16);
+    EXPECT_EQ(Number(season, "SELECT count(*) FROM KorvBatters WHERE InjuredDaysRemaining <> 60"), 0);
+    EXPECT_EQ(Number(season, "SELECT count(*) FROM KorvBatterResultsLog WHERE InjuredDays <> 0"), 0);
+    EXPECT_EQ(Number(season, "SELECT sum(W) FROM KorvTeams"), 16);
+}
+
 TEST(SeasonRuns, AGameThatCantBePlayedIsNamed) {
     const auto made = testing::MakeScheduledSeason(1);
     Database& season = *made->season;
