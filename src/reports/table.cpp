@@ -70,7 +70,7 @@ std::vector<std::string> TextBlock(const ReportTable& table) {
         if (headed) cells[0].push_back(column.title);
     for (const auto& row : table.rows) {
         std::vector<std::string>& line = cells.emplace_back();
-        for (std::size_t c = 0; c < row.size(); ++c) line.push_back(CellText(row[c], table.columns[c].format));
+        for (std::size_t c = 0; c < row.size(); ++c) line.push_back(FieldText(row[c], table.columns[c].format));
     }
     std::vector<std::size_t> widths(table.columns.size(), 0);
     for (const auto& line : cells)
@@ -172,7 +172,7 @@ std::string RenderJson(const std::vector<ReportTable>& tables) {
 
 }  // namespace
 
-std::string CellText(const Value& cell, CellFormat format) {
+std::string FieldText(const Value& cell, CellFormat format) {
     if (std::holds_alternative<std::monostate>(cell)) return {};
     switch (format) {
         case CellFormat::Rate: return RateText(NumberOf(cell));

@@ -33,7 +33,7 @@ struct ReportTable {
 };
 
 // The cell as people read it. Halves are rounded up: .0625 is .063.
-std::string CellText(const Value& cell, CellFormat format);
+std::string FieldText(const Value& cell, CellFormat format);
 
 enum class ReportForm { Text, Csv, Json };
 

@@ -38,8 +38,8 @@ struct LeadersTest : ::testing::Test {
         for (const auto& tables : {BattingLeaders(season.db, choice), PitchingLeaders(season.db, choice)})
             for (const ReportTable& table : tables)
                 for (const auto& row : table.rows)
-                    lines.push_back(CellText(row[0], CellFormat::Text) + " " + CellText(row[1], CellFormat::Text) +
-                                    " " + CellText(row[2], table.columns[2].format));
+                    lines.push_back(FieldText(row[0], CellFormat::Text) + " " + FieldText(row[1], CellFormat::Text) +
+                                    " " + FieldText(row[2], table.columns[2].format));
         return lines;
     }
 };

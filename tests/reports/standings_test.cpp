@@ -38,7 +38,7 @@ std::vector<std::string> Column(const ReportTable& table, const std::string& key
     std::vector<std::string> cells;
     for (const auto& row : table.rows)
         for (std::size_t c = 0; c < row.size(); ++c)
-            if (table.columns[c].key == key) cells.push_back(CellText(row[c], table.columns[c].format));
+            if (table.columns[c].key == key) cells.push_back(FieldText(row[c], table.columns[c].format));
     return cells;
 }
 
