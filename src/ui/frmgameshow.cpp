@@ -2,7 +2,6 @@
 #include <QHeaderView>
 #include <QMenu>
 #include <QPainter>
-#include <QScrollBar>
 #include <QStyle>
 #include <QStyledItemDelegate>
 
@@ -27,6 +26,7 @@ class TightCells : public QStyledItemDelegate {
         initStyleOption(&cell, index);
         painter->save();
         if (cell.backgroundBrush.style() != Qt::NoBrush) painter->fillRect(cell.rect, cell.backgroundBrush);
+        cell.font.setResolveMask(QFont::AllPropertiesResolved);  // else the painter keeps the size of its own font
         painter->setFont(cell.font);
         painter->setPen(cell.palette.color(QPalette::Text));
         const QRect room = cell.rect.adjusted(2, 0, -2, 0);
@@ -145,10 +145,8 @@ void frmGame::ShowChart() {
     else
         ui_->grdActiveChart->SetChart(MakeSheetView(session_.Data(), session_.State()), 0);
     const std::string text = shown_ == Shown::Previous && last ? last->playByPlay : session_.RunningText();
-    if (ui_->txtPlayByPlay->toPlainText() != QText(text)) {
-        ui_->txtPlayByPlay->setPlainText(QText(text));
-        ui_->txtPlayByPlay->verticalScrollBar()->setValue(ui_->txtPlayByPlay->verticalScrollBar()->maximum());
-    }
+    if (ui_->txtPlayByPlay->toPlainText() != QText(text)) ui_->txtPlayByPlay->setPlainText(QText(text));
+    ui_->txtPlayByPlay->moveCursor(QTextCursor::End);
 }
 
 void frmGame::ShowControls() {

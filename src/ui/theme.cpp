@@ -7,6 +7,8 @@
 #include <QWidget>
 #include <algorithm>
 
+#include "ui/icon.h"
+
 namespace tarvane {
 
 namespace {
@@ -59,6 +61,7 @@ QTableWidget:focus, QListWidget:focus, QPlainTextEdit:focus { border: 1px solid 
 QHeaderView::section { background: #E6DCBF; color: #26251F; border: none; border-right: 1px solid #D8CDAE;
     border-bottom: 1px solid #C9BD98; padding: 1px 3px; font-weight: bold; }
 QListWidget::item { padding: 5px 8px; }
+QListWidget::item:selected { background: #1D4D36; color: #F6F0DD; }
 QToolTip { background: #FBF8EC; color: #26251F; border: 1px solid #C9BD98; }
 QScrollBar:vertical { background: #E6DCBF; width: 12px; }
 QScrollBar::handle:vertical { background: #A99D7C; border-radius: 5px; min-height: 24px; margin: 1px; }
@@ -103,6 +106,7 @@ QPalette HousePalette() {
 void ApplyTheme(QApplication& application) {
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     QApplication::setPalette(HousePalette());
+    QApplication::setWindowIcon(HouseIcon());
     application.setStyleSheet(QString::fromLatin1(kStyleSheet));
 }
 
@@ -113,9 +117,10 @@ void ScaleFonts(QWidget& window, double pixels) {
         return font;
     };
     window.setFont(sized(1.0));
-    // Under a style sheet children don't take over the window's size by themselves.
+    // Under a style sheet children don't take over the window's size by themselves; the inner parts of a control do.
     const auto children = window.findChildren<QWidget*>();
     for (QWidget* child : children) {
+        if (child->objectName().isEmpty() || child->objectName().startsWith(QStringLiteral("qt_"))) continue;
         const QVariant scale = child->property("fontScale");
         QFont font = child->font();
         font.setPixelSize(sized(scale.isValid() ? scale.toDouble() : 1.0).pixelSize());

@@ -21,6 +21,7 @@
 #include "ui/frmpreexgame.h"
 #include "ui/frmseasons.h"
 #include "ui/frmsplash.h"
+#include "ui/icon.h"
 #include "ui/storedseasons.h"
 #include "ui/theme.h"
 
@@ -50,6 +51,7 @@ class Camera {
         }
         screen.hide();
     }
+    const QString& Folder() const { return folder_; }
     bool failed = false;
 
   private:
@@ -91,6 +93,7 @@ void TakeAll(Camera& camera, SeasonAccess& seasons) {
     demo::Outside outside;
     frmMain menu(seasons, outside.Get(), {});
     camera.Take(menu, QStringLiteral("frmMain"));
+    if (!HouseIcon().pixmap(256).save(camera.Folder() + QStringLiteral("/icon-256.png"))) camera.failed = true;
     frmSplash splash;
     camera.Take(splash, QStringLiteral("frmSplash"));
     frmSeasons list(seasons, outside.Get());
