@@ -33,6 +33,11 @@ void ResetStatistics(Database& season, const std::filesystem::path& gameResults)
     ResetLeagueStats(season, rules, gameResults, messages);
 }
 
+// As the catalogue has it, whatever the case of the word on the command line.
+std::string SeasonName(const Database& season) {
+    return season.Path().parent_path().filename().string();
+}
+
 // The season's games replaced by what write makes, all or nothing.
 template <class Write>
 void WithSchedule(Installation& installation, const Options& options, Database& season, Write write) {
@@ -40,7 +45,7 @@ void WithSchedule(Installation& installation, const Options& options, Database& 
     if (!options.Has("--replace")) RefusePlayedSchedule(season);
     Transaction transaction(season);
     write();
-    if (played) ResetStatistics(season, installation.Paths().GameResults(options.Positional(0)));
+    if (played) ResetStatistics(season, installation.Paths().GameResults(SeasonName(season)));
     transaction.Commit();
     if (played) fmt::print("results and statistics of the games played before were taken away\n");
 }
