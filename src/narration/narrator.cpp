@@ -18,7 +18,8 @@ bool StartsText(const GameEvent& event, const GameState& state) {
 
 bool StandsAlone(Tag tag) {
     return tag == Tag::EndOfInning || tag == Tag::EndOfInningMiddle || tag == Tag::PitcherTired ||
-           tag == Tag::PitcherIntermediateTired || tag == Tag::Pitcher2ndWind;
+           tag == Tag::PitcherIntermediateTired || tag == Tag::Pitcher2ndWind || tag == Tag::SBSafe ||
+           tag == Tag::SBSafeError || tag == Tag::SBError || tag == Tag::SBOut;
 }
 
 }  // namespace
