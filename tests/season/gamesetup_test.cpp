@@ -1,6 +1,8 @@
 #include "season/gamesetup.h"
 
+#include <fmt/format.h>
 #include <gmock/gmock.h>
+#include <unistd.h>
 
 #include "base/error.h"
 #include "data/lineups.h"
@@ -22,7 +24,7 @@ using ::testing::IsEmpty;
 class SampleSeason : public ::testing::Test {
   protected:
     static void SetUpTestSuite() {
-        const auto folder = std::filesystem::temp_directory_path() / "tarvane-season-sample";
+        const auto folder = std::filesystem::temp_directory_path() / fmt::format("tarvane-season-sample-{}", getpid());
         WriteSampleLeague(folder, 11);
         made_ = new testing::PlayableSeason(folder, kSampleYear);
         std::filesystem::remove_all(folder);
