@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 #include <QMenu>
 
+#include "ui/frmquickplay.h"
 #include "ui/gamequestions.h"
 #include "ui/names.h"
 #include "ui_frmgame.h"
@@ -155,13 +156,16 @@ void frmGame::PreviousPlay() {
 }
 
 void frmGame::QuickPlay() {
-    const std::vector<QuickPlayChoice> choices = QuickPlayChoices(session_.State());
-    std::vector<std::string> lines;
-    for (const QuickPlayChoice& choice : choices) lines.push_back(choice.text);
-    const int picked = services_.dialogs.Pick("Select a quick play option and click Play, otherwise click Cancel.",
-                                              "Quick Play Options", lines);
-    if (picked < 0) return;
-    session_.QuickPlay(choices[static_cast<std::size_t>(picked)].throughInning);
+    auto* options = new frmQuickPlay(QuickPlayChoices(session_.State()), services_, this);
+    connect(options, &frmQuickPlay::Chosen, this, &frmGame::RunQuickPlay);
+    options->open();
+}
+
+void frmGame::RunQuickPlay(int throughInning, bool spectator) {
+    if (spectator)
+        session_.Watch(throughInning);
+    else
+        session_.QuickPlay(throughInning);
     GoOn();
 }
 
@@ -242,14 +246,8 @@ void frmGame::FillOpenPlace() {
 // --- The end ---------------------------------------------------------------------------------------------------------
 
 void frmGame::EndGame() {
-    if (!gameOverShown_) {
-        gameOverShown_ = true;
-        Refresh();
-        ShowBoxScore();
-        return;
-    }
-    mayClose_ = true;
-    close();
+    Refresh();
+    Q_EMIT Finished();
 }
 
 bool frmGame::MayClose() {

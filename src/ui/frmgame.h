@@ -32,6 +32,10 @@ class frmGame : public Screen {
 
     const GameSession& Session() const { return session_; }
 
+  Q_SIGNALS:
+    // The user is done with a game that is over.
+    void Finished();
+
   protected:
     bool MayClose() override;
     void showEvent(QShowEvent* event) override;
@@ -54,6 +58,7 @@ class frmGame : public Screen {
     void Steal();
     void PreviousPlay();
     void QuickPlay();
+    void RunQuickPlay(int throughInning, bool spectator);
     void ShowBoxScore();
     void EndGame();
 
@@ -81,8 +86,7 @@ class frmGame : public Screen {
     QTimer pause_;
     QMenu* settings_ = nullptr;
     Shown shown_ = Shown::Current;
-    bool opponentShown_ = false, walkOffTold_ = false, gameOverShown_ = false, mayClose_ = false, begun_ = false,
-         focusOnPlay_ = true;
+    bool opponentShown_ = false, walkOffTold_ = false, mayClose_ = false, begun_ = false, focusOnPlay_ = true;
 };
 
 }  // namespace tarvane

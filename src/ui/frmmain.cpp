@@ -7,6 +7,7 @@
 #include <random>
 
 #include "ui/frmgame.h"
+#include "ui/frmgameover.h"
 #include "ui/frmpreexgame.h"
 #include "ui/frmseasons.h"
 #include "ui/theme.h"
@@ -121,7 +122,22 @@ void frmMain::Play(const GamePtr& setup) {
     options.computer = setup->control;
     std::random_device system;
     const std::uint64_t seed = seed_ != 0 ? seed_ : (static_cast<std::uint64_t>(system()) << 32) + system();
-    Show(new frmGame(setup, options, seed, services_));
+    if (options.QuickPlayMode && options.ComputerPlaysBoth()) {
+        GameSession unseen(setup, options, seed);
+        const Reject reject = unseen.Start();
+        if (reject == Reject::None) {
+            unseen.QuickPlay(0);
+            EndOf(setup, unseen.State());
+            return;
+        }
+    }
+    auto* game = new frmGame(setup, options, seed, services_);
+    connect(game, &frmGame::Finished, this, [this, setup, game] { EndOf(setup, game->Session().State()); });
+    Show(game);
+}
+
+void frmMain::EndOf(const GamePtr& setup, const GameState& state) {
+    Show(new frmGameOver(setup, state, seasons_.Store(), services_));
 }
 
 void frmMain::SetPicture(const QString& file) {

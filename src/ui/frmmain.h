@@ -51,6 +51,7 @@ class frmMain : public QMainWindow {
     void Show(Screen* screen);
     void OpenExhibition();
     void Play(const GamePtr& setup);
+    void EndOf(const GamePtr& setup, const GameState& state);
     void Say(const QString& text);
     MenuContext Context() const;
 

@@ -15,7 +15,8 @@ struct GameOptions {
     bool ShowBanner = true;  // FieldZ
     bool DiceRollSounds = false;
     bool PromptSpectatorMode = true;
-    int PlayResultDelay = 0;  // seconds that a result stays before the next sheet
+    bool QuickPlayMode = false;  // a game between two computer managers is played at once, without its screen
+    int PlayResultDelay = 0;     // seconds that a result stays before the next sheet
 
     bool ComputerPlaysBoth() const {
         return computer[Side::Visitor].game && computer[Side::Visitor].subs && computer[Side::Home].game &&

@@ -155,6 +155,24 @@ bool GameSession::BeforePitch() {
 void GameSession::Settle() {
     while (!Over() && (AnswerForComputer() || BeforePitch())) {
     }
+    EndWatching();
+}
+
+void GameSession::Watch(int throughInning) {
+    if (Over()) return;
+    watched_ = Watched{state_.computer, options_.computer, throughInning};
+    SpectatorMode = true;
+    state_.computer = options_.computer = {{SideControl{true, true, true}, SideControl{true, true, true}}};
+    arrived_ = arrived_ || state_.sheet == SheetCode::P;
+    Settle();
+}
+
+void GameSession::EndWatching() {
+    if (!watched_ || (!Over() && (watched_->throughInning == 0 || state_.Inning <= watched_->throughInning))) return;
+    state_.computer = watched_->state;
+    options_.computer = watched_->options;
+    watched_.reset();
+    SpectatorMode = false;
 }
 
 bool GameSession::RollsByItself() const {

@@ -45,6 +45,8 @@ class GameSession : private GameListener {
 
     // The computer plays both teams until the end of inning throughInning (0: of the game).
     void QuickPlay(int throughInning);
+    // The same, play by play for a spectator: every sheet rolls by itself until then.
+    void Watch(int throughInning);
 
     // --- What stands ---
 
@@ -78,6 +80,7 @@ class GameSession : private GameListener {
     bool RollWith(int chartRoll);
     void Remember(int chartRoll);
     void Settle();
+    void EndWatching();
     bool AnswerForComputer();
     bool BeforePitch();
 
@@ -90,7 +93,13 @@ class GameSession : private GameListener {
     std::optional<ChartShown> last_;
     PlayByPlay text_;
     std::vector<std::string> reminders_;
-    int orders_ = 0;        // of computer managers before this pitch
+    int orders_ = 0;  // of computer managers before this pitch
+    // What a watched stretch gives back at its end, and the last inning of it (0: the game).
+    struct Watched {
+        PerSide<SideControl> state, options;
+        int throughInning = 0;
+    };
+    std::optional<Watched> watched_;
     bool quiet_ = false;    // quick play: nothing is told
     bool arrived_ = false;  // the computer managers have not yet been asked before this pitch
 };

@@ -2,12 +2,14 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "data/seasons.h"
 #include "ratings/lahman_records.h"
 #include "season/gamesetup.h"
+#include "season/schedulesetup.h"
 
 namespace tarvane {
 
@@ -27,6 +29,8 @@ struct ParkEntry {
 // A game about to begin, with what its men did in the real season where that is known.
 struct PreparedGame : GameSetup {
     PerSide<LahmanRecordSet> real;
+    std::optional<ScheduledGame> scheduled;  // nothing: an exhibition
+    int daysReduced = 0;  // taken off all rests of the league while the line-ups were made; goes into the posting
 };
 // It outlives the screen that plays it.
 using GamePtr = std::shared_ptr<const PreparedGame>;
@@ -38,8 +42,10 @@ struct ExhibitionGame {
     PerSide<SideControl> control;  // what a computer manages
 };
 
-// What the screens of this program need of the season store. The screens know no database; a test brings teams of its
-// own.
+class Session;
+
+// What the screens of this program need of the season store. A game's screens know no database; a test brings teams of
+// its own.
 class SeasonAccess {
   public:
     virtual ~SeasonAccess() = default;
@@ -55,6 +61,9 @@ class SeasonAccess {
     virtual std::vector<ParkEntry> Parks() = 0;  // by year, then stadium
     // The two teams may be the same. Throws UserError, with what to do, if the game can't be played.
     virtual GamePtr Exhibition(const ExhibitionGame& game) = 0;
+
+    // The running program's databases, for the screens that work on the season itself; null in a season of a test.
+    virtual Session* Store() { return nullptr; }
 };
 
 }  // namespace tarvane

@@ -66,6 +66,7 @@ GameOptions OptionsFrom(const GameSettings& settings) {
     options.DiceRollSounds = settings.DiceRollSounds;
     options.PromptSpectatorMode = settings.PromptSpectatorMode;
     options.PlayResultDelay = settings.PlayResultDelay;
+    options.QuickPlayMode = settings.QuickPlayMode;
     return options;
 }
 

@@ -19,6 +19,7 @@ class StoredSeasons : public SeasonAccess {
     std::vector<TeamEntry> Teams() override;
     std::vector<ParkEntry> Parks() override;
     GamePtr Exhibition(const ExhibitionGame& game) override;
+    Session* Store() override { return &session_; }
 
   private:
     Session& session_;

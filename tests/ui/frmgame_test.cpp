@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
 #include <QPlainTextEdit>
@@ -10,6 +11,7 @@
 #include "ui/chartgrid.h"
 #include "ui/demo.h"
 #include "ui/frmgame.h"
+#include "ui/frmquickplay.h"
 
 namespace tarvane {
 namespace {
@@ -51,6 +53,8 @@ struct GameTest : testing::Test {
 TEST_F(GameTest, APersonPlaysFromTheFirstPitchToTheLastOut) {
     GameOptions options;
     Open(options);
+    int finished = 0;
+    QObject::connect(game.get(), &frmGame::Finished, [&] { ++finished; });
     outside.dialogs.defaultReply = Reply::Yes;  // every runner is sent
     int clicks = 0;
     while (!State().GameOverFlag && ++clicks < 5000) {
@@ -60,12 +64,9 @@ TEST_F(GameTest, APersonPlaysFromTheFirstPitchToTheLastOut) {
     }
     ASSERT_TRUE(State().GameOverFlag);
     EXPECT_EQ(Find("cmdPlay")->text(), "Game Over");
-    if (outside.dialogs.documents.empty()) Find("cmdPlay")->click();  // after a walk-off
-    ASSERT_THAT(outside.dialogs.documents, SizeIs(1));
-    EXPECT_EQ(outside.dialogs.documents[0].text, BoxScoreText(game->Session().Data(), State()));
+    if (finished == 0) Find("cmdPlay")->click();  // after a walk-off
+    EXPECT_EQ(finished, 1);
     EXPECT_TRUE(ProveBox(State()).Proves());
-    Find("cmdPlay")->click();
-    EXPECT_FALSE(game->isVisible());
     EXPECT_FALSE(outside.dialogs.questions.empty());
 }
 
@@ -174,14 +175,31 @@ TEST_F(GameTest, QuittingAsksAndCancelGoesBack) {
 
 TEST_F(GameTest, QuickPlayTakesOverForTheInningsChosen) {
     Open({});
-    outside.dialogs.pick = 0;
-    Find("chkQuickPlay")->click();
-    EXPECT_EQ(outside.dialogs.picks.front(), "Quick Play thru 3rd Inning");
+    const auto choose = [&](int option, bool spectator) {
+        Find("chkQuickPlay")->click();
+        auto* screen = game->findChild<frmQuickPlay*>();
+        auto* options = screen->findChild<QComboBox*>(QStringLiteral("cmbGamePlayOptions"));
+        if (option == 0) {
+            screen->findChild<QPushButton*>(QStringLiteral("chkPlay"))->click();
+            EXPECT_EQ(outside.dialogs.warnings.back().text, "Please choose a quick play option.");
+        }
+        options->setCurrentIndex(option < 0 ? options->count() - 1 : option);
+        const std::string text = options->currentText().toStdString();
+        screen->findChild<QCheckBox*>(QStringLiteral("chkSpectatorMode"))->setChecked(spectator);
+        screen->findChild<QPushButton*>(QStringLiteral("chkPlay"))->click();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        return text;
+    };
+    EXPECT_EQ(choose(0, false), "Quick Play thru 3rd Inning");
     EXPECT_EQ(State().Inning, 4);
     EXPECT_EQ(Find("cmdPlay")->text().left(11), "Play Result");
     EXPECT_THAT(Label("lblInning"), HasSubstr("4"));
-    outside.dialogs.pick = 99;  // the last: the rest of the game
-    Find("chkQuickPlay")->click();
+    EXPECT_EQ(choose(1, true), "Quick Play thru 5th Inning");
+    EXPECT_FALSE(Find("cmdPlay")->isEnabled());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return State().Inning == 6 && Find("cmdPlay")->isEnabled(); }, 20000));
+    EXPECT_FALSE(game->Session().SpectatorMode);
+    EXPECT_EQ(State().computer[Side::Home], SideControl{});
+    EXPECT_EQ(choose(-1, false), "Quick Play remainder of game");
     EXPECT_TRUE(State().GameOverFlag);
 }
 

@@ -1,0 +1,141 @@
+#include "ui/frmgameover.h"
+
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <algorithm>
+
+#include "base/error.h"
+#include "engine/boxtext.h"
+#include "ui/linescore.h"
+#include "ui/qtext.h"
+#include "ui/theme.h"
+#include "ui_frmgameover.h"
+
+namespace tarvane {
+
+namespace {
+constexpr const char* kSaveTitle = "Save Game Stats";
+}
+
+frmGameOver::frmGameOver(GamePtr game, const GameState& state, Session* session, Services services, QWidget* parent)
+    : Screen(parent),
+      game_(std::move(game)),
+      state_(state),
+      session_(session),
+      services_(services),
+      ui_(std::make_unique<Ui::frmGameOver>()) {
+    ui_->setupUi(this);
+    ShowScore();
+    ShowChoices();
+    connect(ui_->chkFinished, &QPushButton::clicked, this, &frmGameOver::Finish);
+    connect(ui_->chkCancel, &QPushButton::clicked, this, &QWidget::close);
+    connect(ui_->chkScore, &QPushButton::clicked, this,
+            [this] { services_.dialogs.ShowDocument(BoxScoreText(game_->data, state_), "Box Score"); });
+}
+
+frmGameOver::~frmGameOver() = default;
+
+void frmGameOver::ShowScore() {
+    const LineScoreView view = MakeLineScore(game_->data, state_);
+    ui_->lblResult->setText(QText(FinalScoreText(game_->data, state_)));
+    QTableWidget* grid = ui_->grdScoreBoard;
+    grid->setColumnCount(static_cast<int>(view.heads.size()) + 1);
+    grid->setRowCount(3);
+    grid->horizontalHeader()->hide();
+    grid->verticalHeader()->hide();
+    grid->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    grid->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Interactive);
+    grid->verticalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    grid->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    grid->setSelectionMode(QAbstractItemView::NoSelection);
+    grid->setShowGrid(false);
+    const auto put = [&](int row, int column, const std::string& text, Qt::Alignment alignment) {
+        auto* cell = new QTableWidgetItem(QText(text));
+        cell->setTextAlignment(alignment | Qt::AlignVCenter);
+        const bool gold = row == 0 || column == grid->columnCount() - 4;  // the heads and the runs
+        if (gold) cell->setForeground(theme::kGold);
+        grid->setItem(row, column, cell);
+    };
+    for (int column = 0; column + 1 < grid->columnCount(); ++column) {
+        const auto at = static_cast<std::size_t>(column);
+        put(0, column + 1, view.heads[at], Qt::AlignHCenter);
+        for (const Side side : kBothSides)
+            put(side == Side::Visitor ? 1 : 2, column + 1, view.cells[side][at], Qt::AlignHCenter);
+    }
+    put(1, 0, "  " + view.name[Side::Visitor], Qt::AlignLeft);
+    put(2, 0, "  " + view.name[Side::Home], Qt::AlignLeft);
+}
+
+void frmGameOver::ShowChoices() {
+    const bool scheduled = game_->scheduled.has_value();
+    const KeepChoices choices =
+        session_ != nullptr ? KeepChoicesOf(session_->Settings(), session_->Screens()) : KeepChoices{};
+    ui_->chkStats->setChecked(choices.stats && scheduled);
+    ui_->chkStats->setVisible(scheduled);
+    ui_->chkCancel->setVisible(scheduled);
+    ui_->optHTML->setChecked(choices.format != 'T');
+    ui_->optText->setChecked(choices.format == 'T');
+    ui_->chkCondensedBoxScore->setChecked(choices.condensed);
+    ui_->lblHint->setText(scheduled ? tr("Finished writes what is ticked below into the season. Until then the game "
+                                         "counts for nothing.")
+                                    : tr("An exhibition game: nothing of it counts in the statistics."));
+    // There is no writer of documents yet.
+    for (QWidget* document : {static_cast<QWidget*>(ui_->chkBoxScore), static_cast<QWidget*>(ui_->chkScoreSheet),
+                              static_cast<QWidget*>(ui_->optHTML), static_cast<QWidget*>(ui_->optText),
+                              static_cast<QWidget*>(ui_->optExcel), static_cast<QWidget*>(ui_->chkCondensedBoxScore),
+                              static_cast<QWidget*>(ui_->chkIncludeTeamLogo)})
+        document->setEnabled(false);
+    ui_->chkFinished->setFocus();
+}
+
+KeepChoices frmGameOver::Choices() const {
+    KeepChoices choices;
+    choices.stats = ui_->chkStats->isChecked() && game_->scheduled.has_value();
+    choices.boxScore = ui_->chkBoxScore->isChecked();
+    choices.scoreSheet = ui_->chkScoreSheet->isChecked();
+    choices.format = ui_->optText->isChecked() ? 'T' : ui_->optExcel->isChecked() ? 'X' : 'H';
+    choices.condensed = ui_->chkCondensedBoxScore->isChecked();
+    choices.teamLogo = ui_->chkIncludeTeamLogo->isChecked();
+    return choices;
+}
+
+void frmGameOver::Finish() {
+    if (session_ != nullptr) {
+        ui_->lblProgress->setText(tr("Building Results - Please Wait ..."));
+        ui_->lblProgress->repaint();
+        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+        std::string failure;
+        std::vector<std::string> missing;
+        try {
+            missing = KeepGame(*session_, *game_, state_, Choices());
+        } catch (const UserError& error) {
+            failure = error.what();
+        }
+        QGuiApplication::restoreOverrideCursor();
+        ui_->lblProgress->clear();
+        if (!failure.empty()) {  // the season is as it was, and so is the game: he can try again
+            services_.dialogs.Warn(failure, kSaveTitle);
+            return;
+        }
+        for (const std::string& message : missing) services_.dialogs.Warn(message, kSaveTitle);
+    }
+    mayClose_ = true;
+    close();
+}
+
+bool frmGameOver::MayClose() {
+    if (mayClose_ || !game_->scheduled || session_ == nullptr) return true;
+    return services_.dialogs.Ask(
+               "This game is not in the season yet. Do you want to leave it without saving?\nClick "
+               "Yes and it will have to be played again, otherwise Click No.",
+               "Game Over") == Reply::Yes;
+}
+
+void frmGameOver::resizeEvent(QResizeEvent* event) {
+    Screen::resizeEvent(event);
+    const double pixels = TextPixels(width(), height());
+    ui_->grdScoreBoard->setFixedHeight(static_cast<int>(pixels * 8));
+    ui_->grdScoreBoard->setColumnWidth(0, std::max(150, std::min(width(), 1200) / 5));
+}
+
+}  // namespace tarvane
