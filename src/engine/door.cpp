@@ -7,7 +7,7 @@ namespace tarvane {
 
 namespace {
 
-constexpr std::array<std::string_view, 22> kRejectTexts{"",
+constexpr std::array<std::string_view, 23> kRejectTexts{"",
                                                         "The game is over.",
                                                         "That isn't awaited now.",
                                                         "The roll is out of range.",
@@ -28,8 +28,9 @@ constexpr std::array<std::string_view, 22> kRejectTexts{"",
                                                         "A player is inactive.",
                                                         "A player has left the game already.",
                                                         "The team has used all pitchers that a game can record.",
-                                                        "The selected player can't pitch."};
-static_assert(kRejectTexts.size() == static_cast<std::size_t>(Reject::CannotPitch) + 1);
+                                                        "The selected player can't pitch.",
+                                                        "Nobody bunts with such a lead so late."};
+static_assert(kRejectTexts.size() == static_cast<std::size_t>(Reject::LeadTooGreat) + 1);
 
 bool InRange(int value, int low, int high) {
     return value >= low && value <= high;
@@ -69,10 +70,17 @@ Reject CheckWalk(const GameState& state, const IntentionalWalkInput& walk) {
     return ValuesInRange(walk.values) ? Reject::None : Reject::BadRoll;
 }
 
+// The computer manager of the home team holds to this also when a user asks for a bunt; the visitors' doesn't.
+bool HomeLeadForbidsBunt(const GameState& state) {
+    return state.BattingSide == Side::Home && state.computer[Side::Home].game && state.Inning >= 8 &&
+           state[Side::Home].Runs - state[Side::Visitor].Runs > 3;
+}
+
 Reject CheckBunt(const GameState& state) {
     if (const Reject reject = BeforeThePitch(state); reject != Reject::None) return reject;
     if (!AnyoneOn(state.Batting())) return Reject::NoRunner;
-    return state.Outs >= 2 ? Reject::TooManyOuts : Reject::None;
+    if (state.Outs >= 2) return Reject::TooManyOuts;
+    return HomeLeadForbidsBunt(state) ? Reject::LeadTooGreat : Reject::None;
 }
 
 Reject CheckSteal(const GameState& state, const StealInput& steal) {

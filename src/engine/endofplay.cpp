@@ -145,6 +145,7 @@ void NextSheet(Step& step) {
 void ArriveAtPitcherSheet(Step& step) {
     step.state.sheet = SheetCode::P;
     step.state.awaited = {};
+    for (const Side side : kBothSides) BattingReminder(step, side);
 }
 
 }  // namespace tarvane

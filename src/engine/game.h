@@ -52,7 +52,7 @@ using Input = std::variant<RollInput, DecisionInput, IntentionalWalkInput, BuntI
 enum class Reject : std::uint8_t {
     None, GameOver, NotAwaited, BadRoll, WrongSide, WrongSheet, NoRunner, TooManyOuts, BaseOccupied, UnknownPlayer,
     PlayerMissing, PositionMissing, DuplicatePlayer, PositionsIncomplete, PitcherMissing, NotAStarter, Resting, Injured,
-    Inactive, AlreadyOut, TooManyPitchers, CannotPitch
+    Inactive, AlreadyOut, TooManyPitchers, CannotPitch, LeadTooGreat
 };
 std::string_view RejectText(Reject reject);
 

@@ -110,6 +110,18 @@ SlotChange ChangeSlot(TeamState& team, std::uint8_t slotNumber, PlayerRef player
     return change;
 }
 
+bool Rests(const GameData& data, Side side, PlayerRef pitcher) {
+    return IsResting(data[side].roster.pitchers[static_cast<std::size_t>(pitcher.index)], data.dayNumber);
+}
+
+// The pitcher who has just come in should be resting, and is the first such: nobody else was left.
+bool RestedRunOut(const GameData& data, const GameState& state, Side side) {
+    const BoxLines& box = state[side].box;
+    if (!Rests(data, side, state[side].pitcher)) return false;
+    return std::none_of(box.pitching.begin(), box.pitching.begin() + (box.PitchersUsed - 1),
+                        [&](const PitchingLine& line) { return Rests(data, side, line.player); });
+}
+
 Tag ChangeTag(Position position) {
     if (position == Position::P) return Tag::NewPitcher;
     if (position == Position::PH) return Tag::PinchHitter;
@@ -162,6 +174,10 @@ void ChangeLineup(Step& step, const LineupInput& lineup) {
         team.pitcher = lineup.pitcher;
         OpenPitcher(step.data, step.state, side);
         events.insert(events.begin(), ChangeEvent(side, Tag::NewPitcher, Position::P, 0));
+        if (RestedRunOut(step.data, step.state, side)) {
+            events.insert(events.begin(), ChangeEvent(side, Tag::NoRestedPitchers, Position::P, 0));
+            events.front().kind = EventKind::Message;
+        }
     }
     team.PitcherChangePending = false;
     RebuildLineupDetails(step.data, step.state, side);

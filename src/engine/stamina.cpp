@@ -63,7 +63,24 @@ void DemandChange(Step& step, Side side, PitchingLine& line) {
     step.Tell(PitcherEvent(step, side, EventKind::Message, Tag::PitcherFatigue));
 }
 
+// Whose turn comes after the man at bat; for the side in the field, who leads off when it comes to bat.
+const LineupSlot& NextUp(const GameState& state, Side side) {
+    const TeamState& team = state[side];
+    const std::size_t now = team.BatterSlot - 1U;
+    return team.lineup[side == state.BattingSide ? (now + 1) % team.lineup.size() : now];
+}
+
 }  // namespace
+
+void BattingReminder(Step& step, Side side) {
+    constexpr int kFirstInning = 6;
+    TeamState& team = step.state[side];
+    if (step.state.Inning < kFirstInning || !(NextUp(step.state, side).player == team.pitcher)) return;
+    PitchingLine& line = CurrentPitchingLine(team);
+    if (line.BatReminded) return;
+    line.BatReminded = true;
+    step.Tell(PitcherEvent(step, side, EventKind::Message, Tag::PitcherBatterReminder));
+}
 
 bool TakeStaminaCheck(GameState& state, const LeagueRules& rules) {
     if (!rules.PitcherStamina || !state.StaminaCheckPending) return false;

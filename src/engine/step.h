@@ -75,5 +75,8 @@ bool TakeStaminaCheck(GameState& state, const LeagueRules& rules);
 void ReadStamina(Step& step, int chartRoll);
 // Reminders and the reliever's limit for the side in the field; may leave the state awaiting a line-up change.
 void FatigueReminders(Step& step, Side side);
+// From the sixth inning on: the pitcher of that side is next to bat, or leads off its next turn. Told once, and again
+// after he has batted.
+void BattingReminder(Step& step, Side side);
 
 }  // namespace tarvane

@@ -232,6 +232,23 @@ TEST(Door, IllegalInputsChangeNothing) {
     }
 }
 
+TEST(Door, AComputerManagedHomeTeamBuntsOnNoGreatLeadLate) {
+    const auto bunt = [](int inning, int lead, Side batting, bool computer) {
+        Scene scene;
+        scene.LastInning(batting == Side::Home ? 0 : lead, batting == Side::Home ? lead : 0);
+        scene.state.Inning = static_cast<std::uint8_t>(inning);
+        scene.state.BattingSide = batting;
+        for (const Side side : kBothSides) scene.state.computer[side].game = computer;
+        scene.Put("1--");
+        return Check(scene.data, scene.state, BuntInput{});
+    };
+    EXPECT_EQ(bunt(8, 4, Side::Home, true), Reject::LeadTooGreat);
+    EXPECT_EQ(bunt(8, 3, Side::Home, true), Reject::None);
+    EXPECT_EQ(bunt(7, 4, Side::Home, true), Reject::None);
+    EXPECT_EQ(bunt(8, 4, Side::Home, false), Reject::None);
+    EXPECT_EQ(bunt(8, 4, Side::Visitor, true), Reject::None);
+}
+
 TEST(Door, ReasonsForRunnersAndStarts) {
     Scene scene;
     EXPECT_EQ(Check(scene.data, scene.state, BuntInput{}), Reject::NoRunner);

@@ -142,5 +142,58 @@ TEST(Stamina, RestReminderOncePerBracket) {
     EXPECT_EQ(messages.tags.size(), 2U) << "a computer manager needs no reminding";
 }
 
+TEST(Stamina, ThePitcherDueToBatIsToldOfOnceBeforeEachTurn) {
+    BoxGame game;
+    Messages messages;
+    Step step{game.data, game.state, &messages};
+    const auto told = [&](int inning, Side side, int slot) {
+        messages.tags.clear();
+        game.state.Inning = static_cast<std::uint8_t>(inning);
+        game.state[side].BatterSlot = static_cast<std::uint8_t>(slot);
+        BattingReminder(step, side);
+        return messages.tags == std::vector<Tag>{Tag::PitcherBatterReminder};
+    };
+    EXPECT_FALSE(told(5, Side::Visitor, 8)) << "early in the game he bats anyway";
+    EXPECT_FALSE(told(6, Side::Visitor, 7));
+    EXPECT_TRUE(told(6, Side::Visitor, 8)) << "on deck";
+    EXPECT_FALSE(told(6, Side::Visitor, 8)) << "once is enough";
+    game.state[Side::Visitor].BatterSlot = 9;
+    game.Book(Result::K, 1);
+    EXPECT_TRUE(told(8, Side::Visitor, 8)) << "he has batted since";
+    EXPECT_FALSE(told(7, H, 8));
+    EXPECT_TRUE(told(7, H, 9)) << "he leads off the next half";
+    BoxGame designated(true);
+    Step other{designated.data, designated.state, &messages};
+    messages.tags.clear();
+    designated.state.Inning = 7;
+    for (int slot = 1; slot <= 9; ++slot) {
+        designated.state[H].BatterSlot = static_cast<std::uint8_t>(slot);
+        BattingReminder(other, H);
+    }
+    EXPECT_TRUE(messages.tags.empty());
+}
+
+TEST(Stamina, TheFirstRestingManWhoMustPitchIsTold) {
+    BoxGame game;
+    game.data.dayNumber = 10;
+    for (Pitcher& arm : game.data.team[H].roster.pitchers) {
+        arm.PitchedOnDay = 9;
+        arm.PitcherRestDays = 3;
+    }
+    game.data.team[H].roster.pitchers[0].PitcherRestDays = game.data.team[H].roster.pitchers[3].PitcherRestDays = 0;
+    Messages messages;
+    Step step{game.data, game.state, &messages};
+    std::vector<std::size_t> told;
+    for (const int arm : {3, 4, 5}) {
+        LineupInput lineup = game.Now(H);
+        lineup.pitcher = lineup.player[8] = BoxGame::Arm(arm);
+        ASSERT_EQ(CheckLineupChange(game.data, game.state, lineup), Reject::None) << arm;
+        ChangeLineup(step, lineup);
+        told.push_back(messages.tags.size());
+    }
+    EXPECT_EQ(told, (std::vector<std::size_t>{0, 1, 1}));
+    EXPECT_EQ(messages.tags, std::vector<Tag>{Tag::NoRestedPitchers});
+}
+
 }  // namespace
 }  // namespace tarvane
