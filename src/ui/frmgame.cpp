@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 #include <QMenu>
 
+#include "core/paths.h"
 #include "ui/frmquickplay.h"
 #include "ui/gamequestions.h"
 #include "ui/names.h"
@@ -57,7 +58,7 @@ void frmGame::Begin() {
 void frmGame::showEvent(QShowEvent* event) {
     Screen::showEvent(event);
     ui_->cmdPlay->setFocus();
-    if (begun_ && session_.RollsByItself()) pause_.start(0);
+    if (begun_ && (session_.RollsByItself() || session_.AwaitsHuman())) pause_.start(0);
 }
 
 void frmGame::ConnectControls() {
@@ -174,6 +175,9 @@ void frmGame::RunQuickPlay(int throughInning, bool spectator) {
 // A result stays on its chart for as long as the settings say; then the game goes on.
 void frmGame::AfterInput() {
     const GameOptions& options = session_.Options();
+    if (options.DiceRollSounds)
+        services_.sound.Play(AssetsPath() / "sounds" /
+                             (session_.LastChart()->secondDiceSound ? "DiceB.wav" : "DiceA.wav"));
     if (options.PlayResultDelay == 0 || options.HideChartDuringGame) {
         GoOn();
         return;
@@ -186,7 +190,7 @@ void frmGame::AfterInput() {
 void frmGame::GoOn() {
     shown_ = Shown::Current;
     Refresh();
-    for (const std::string& reminder : session_.TakeReminders()) Say(QString::fromStdString(reminder));
+    for (const Reminder& reminder : session_.TakeReminders()) services_.dialogs.Remind(reminder.text, reminder.title);
     while (session_.AwaitsHuman())
         if (!AskManager()) return;
     if (session_.Over()) {
@@ -217,7 +221,11 @@ void frmGame::GoOn() {
 
 // Puts what the game awaits of a human to him; false if nothing could be done.
 bool frmGame::AskManager() {
-    if (session_.State().awaited.kind == Await::Decision) {
+    if (session_.Proposed()) {
+        const Question question =
+            MoveQuestion(session_.Data(), session_.State(), session_.Options(), *session_.Proposed());
+        if (!session_.Confirm(Asks(question))) return false;
+    } else if (session_.State().awaited.kind == Await::Decision) {
         const bool yes = Asks(DecisionQuestion(session_.Data(), session_.State(), session_.Options()));
         if (!session_.Answer(yes)) return false;
     } else {

@@ -111,6 +111,7 @@ void frmGame::BuildSettingsMenu() {
     flag(tr("Use &1-Click Results during Games"), options.ComputerMgrAutoClick);
     flag(tr("&Manual Dice Rolls"), options.ManualDiceRolls);
     flag(tr("&Confirm Computer Manager Strategies"), options.AuxChartsAutoClick);
+    flag(tr("Confirm Computer Manager S&ubstitutions"), options.DisplayCompMgrChanges);
     flag(tr("Display Play Result C&hances"), options.DisplayChances);
     flag(tr("&Game Play Instruction Banner"), options.ShowBanner);
     QMenu* delay = settings_->addMenu(tr("&Seconds after a Result"));

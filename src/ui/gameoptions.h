@@ -15,6 +15,8 @@ struct GameOptions {
     bool ShowBanner = true;  // FieldZ
     bool DiceRollSounds = false;
     bool PromptSpectatorMode = true;
+    bool DisplayCompMgrChanges = false;  // a computer manager's substitutions are put to the user
+    bool PitcherRestWarning = false, PitcherBatterWarning = false;
     bool QuickPlayMode = false;  // a game between two computer managers is played at once, without its screen
     int PlayResultDelay = 0;     // seconds that a result stays before the next sheet
 

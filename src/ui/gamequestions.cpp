@@ -104,6 +104,14 @@ Question FurtherBuntQuestion(const GameData& data, const GameState& state, const
         {}};
 }
 
+int StealFrom(char target) {
+    return target == 'H' ? 3 : target == '3' ? 2 : 1;
+}
+
+int StealRow(char target, int rating) {
+    return (target == 'H' ? 13 : target == '3' ? 7 : 1) + rating;
+}
+
 // The catcher's arm makes a runner slower or faster by one; a steal of home doesn't feel it.
 int StealRating(const GameData& data, const GameState& state, int base) {
     const int rating = RunRating(state, base);
@@ -111,6 +119,63 @@ int StealRating(const GameData& data, const GameState& state, int base) {
     if (rating != 0 && state.Fielding().CatcherIRated) return rating - 1;
     if (rating != 5 && data.rules.CatcherORating && state.Fielding().CatcherORated) return rating + 1;
     return rating;
+}
+
+constexpr const char* kConfirm = "\nClick Yes to confirm Computer Manager move, otherwise Click No.";
+
+std::string RunGivenUp(const GameData& data, const GameState& state, Side side) {
+    const std::string team = "The computer managed " + TeamName(data, side);
+    if (state.play.PlayResult == Result::DP && On(state, 1) && On(state, 2) && On(state, 3))
+        return team +
+               " are allowing the runners on 2B and 3B to advance.\n"
+               "Click Yes to to confirm Computer Manager move and allow runners on 2B and 3B to advance. Remaining "
+               "runner will be on 3B with 2 outs.\n"
+               "Click No to force 3B runner at Home. Bases remain loaded with 1 out.";
+    if (state.play.PlayResult == Result::DP)
+        return team +
+               " are allowing the runner on 3B to score.\n"
+               "Click Yes to to confirm Computer Manager move and allow runner on 3B to score.\n"
+               "Click No to throw runner out at Home. Runners will be on 1B and 2B with 1 out.";
+    return team +
+           " are allowing the runner on 3B to score.\n"
+           "Click Yes to to confirm Computer Manager move and allow runner on 3B to score.\n"
+           "Click No to hold runner on 3rd. Remaining runners will be on 2B and 3B.";
+}
+
+const char* HandLetter(std::int32_t hand) {
+    return hand == kLeftHand ? "L" : hand == kRightHand ? "R" : "S";
+}
+
+// The man who comes in and as what: the pitcher if he is another, else the first slot that changes.
+std::string Substitute(const GameData& data, const GameState& state, const LineupInput& lineup) {
+    const TeamRoster& roster = data[lineup.side].roster;
+    const TeamState& team = state[lineup.side];
+    if (!(lineup.pitcher == team.pitcher) && !lineup.pitcher.Nobody()) {
+        const Pitcher& man = roster.pitchers[static_cast<std::size_t>(lineup.pitcher.index)];
+        return fmt::format("{} ({}) as the new pitcher", man.playerName, HandLetter(man.throws_));
+    }
+    for (std::size_t i = 0; i < team.lineup.size(); ++i) {
+        const PlayerRef man = lineup.player[i];
+        if (man == team.lineup[i].player) continue;
+        const auto index = static_cast<std::size_t>(man.index);
+        const std::int32_t bats = man.type == 'P' ? roster.pitchers[index].bats : roster.batters[index].bats;
+        const bool hitter = lineup.side == state.BattingSide && i + 1U == team.BatterSlot;
+        return fmt::format("{} ({}) as a pinch {}", PlayerName(data, lineup.side, man), HandLetter(bats),
+                           hitter ? "hitter" : "runner");
+    }
+    return "another order";
+}
+
+std::string StrategyText(const GameData& data, const GameState& state, const GameOptions& options, Side side,
+                         const Input& input) {
+    const std::string team = fmt::format("The computer managed {} are attempting ", TeamName(data, side));
+    if (const auto* steal = std::get_if<StealInput>(&input)) {
+        const int rating = StealRating(data, state, StealFrom(steal->target));
+        return fmt::format("{}a stolen base.\n RR:{}{}", team, rating,
+                           Chance(options, ChanceOf(data.charts.StolenBase, StealRow(steal->target, rating))));
+    }
+    const bool bunt = std::holds_alternative<BuntInput>(input) || state.awaited.decision == DecisionKind::FurtherBunt;
+    return team + (bunt ? "a bunt." : "to advance a runner.");
 }
 
 }  // namespace
@@ -163,15 +228,30 @@ Question StealQuestion(const GameData& data, const GameState& state, const GameO
                         StealRating(data, state, 1), RunRating(state, 3)),
             "Steal 2B", "Steal Home"};
     const char target = StealAsked(state);
-    const int base = target == 'H' ? 3 : target == '3' ? 2 : 1;
-    const int rating = StealRating(data, state, base);
-    const int row = (target == 'H' ? 13 : target == '3' ? 7 : 1) + rating;
+    const int rating = StealRating(data, state, StealFrom(target));
     const char* where = target == 'H' ? "Home" : target == '3' ? "3B" : "2B";
     const char* attempt = target == 'H' ? "steal home" : target == '3' ? "steal 3B" : "steal 2B";
     return {"Base Steal Decision",
             fmt::format("Attempt to steal {}{}?\nRR:{}{}\nClick Yes for {} attempt, otherwise Click No.", where,
                         ForComputer(data, state, state.BattingSide), rating,
-                        Chance(options, ChanceOf(data.charts.StolenBase, row)), attempt),
+                        Chance(options, ChanceOf(data.charts.StolenBase, StealRow(target, rating))), attempt),
+            {},
+            {}};
+}
+
+Question MoveQuestion(const GameData& data, const GameState& state, const GameOptions& options,
+                      const ProposedMove& move) {
+    if (const auto* lineup = std::get_if<LineupInput>(&move.input))
+        return {"Computer Manager Substitution",
+                fmt::format("The computer managed {} are bringing in {}.{}", TeamName(data, move.side),
+                            Substitute(data, state, *lineup), kConfirm),
+                {},
+                {}};
+    const bool defence =
+        std::holds_alternative<DecisionInput>(move.input) && state.awaited.decision == DecisionKind::Defensive;
+    return {"Computer Manager Game Strategy",
+            defence ? RunGivenUp(data, state, move.side)
+                    : StrategyText(data, state, options, move.side, move.input) + kConfirm,
             {},
             {}};
 }

@@ -25,6 +25,10 @@ BuntType BuntAsked(const GameState& state);
 char StealAsked(const GameState& state);
 bool FirstAndThird(const GameState& state);
 
+// A computer manager's move before it is made.
+Question MoveQuestion(const GameData& data, const GameState& state, const GameOptions& options,
+                      const ProposedMove& move);
+
 Question WalkQuestion(const GameData& data, const GameState& state, const GameOptions& options);
 Question QuitQuestion();
 

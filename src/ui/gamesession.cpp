@@ -39,18 +39,36 @@ Reject GameSession::Start() {
 void GameSession::OnEvent(const GameData& data, const GameState& state, const GameEvent& event) {
     if (quiet_) return;
     text_.OnEvent(data, state, event);
-    if (event.kind == EventKind::Message && event.tag == Tag::PitcherRestReminder)
-        reminders_.push_back("Reminder to manager: " + PlayerName(data, event.side, state[event.side].pitcher) +
-                             " is one out away from requiring an additional day of pitcher rest.");
+    if (event.kind == EventKind::Message && !SpectatorMode) Remember(data, state, event);
+}
+
+void GameSession::Remember(const GameData& data, const GameState& state, const GameEvent& event) {
+    const std::string name = PlayerName(data, event.side, state[event.side].pitcher);
+    const bool computer = state_.computer[event.side].subs;
+    if (event.tag == Tag::PitcherRestReminder && options_.PitcherRestWarning)
+        reminders_.push_back(
+            {"Pitcher Rest Reminder",
+             "Reminder to manager: " + name + " is one out away from requiring an additional day of pitcher rest."});
+    if (event.tag == Tag::PitcherBatterReminder && options_.PitcherBatterWarning &&
+        (!computer || options_.DisplayCompMgrChanges))
+        reminders_.push_back({"Pitcher Batting Reminder",
+                              (computer ? "Computer Manager - pitcher  " : "Reminder to manager: Your pitcher, ") +
+                                  name + ", is due to bat next."});
+    if (event.tag == Tag::NoRestedPitchers && !computer)
+        reminders_.push_back(
+            {"No Available Pitchers",
+             "There are no available rested pitchers for the " + TeamName(data, event.side) +
+                 ".\nPitchers who are resting will be made available for the remainder of this game but "
+                 "will have an ineffective pitching chart.\nClick OK to continue with the game. "});
 }
 
 bool GameSession::Take(const Input& input) {
-    if (Advance(Data(), state_, input, this) != Reject::None) return false;
+    if (proposed_ || Advance(Data(), state_, input, this) != Reject::None) return false;
     if (state_.sheet == SheetCode::P && state_.awaited.kind == Await::Roll) arrived_ = true;
     return true;
 }
 
-std::vector<std::string> GameSession::TakeReminders() {
+std::vector<Reminder> GameSession::TakeReminders() {
     return std::exchange(reminders_, {});
 }
 
@@ -65,6 +83,7 @@ bool GameSession::RollByHand(int chartRoll) {
 bool GameSession::RollWith(int chartRoll) {
     Remember(chartRoll);
     orders_ = 0;
+    declined_ = {{false, false}};
     const RollInput input{static_cast<std::uint8_t>(chartRoll), DrawPlayValues(random_)};
     if (!Take(input)) return false;
     Settle();
@@ -72,12 +91,10 @@ bool GameSession::RollWith(int chartRoll) {
 }
 
 void GameSession::Remember(int chartRoll) {
-    last_ = ChartShown{MakeSheetView(Data(), state_),
-                       state_.sheet,
-                       chartRoll,
-                       chartRoll / 10,
-                       ShowDice(chartRoll, decoration_.RandomRoll216()),
-                       text_.Text()};
+    ChartShown shown{MakeSheetView(Data(), state_), state_.sheet, chartRoll, chartRoll / 10, {}, false, text_.Text()};
+    shown.secondDiceSound = decoration_.RandomHalf() > 25;
+    shown.dice = ShowDice(chartRoll, decoration_.RandomRoll216());
+    last_ = std::move(shown);
 }
 
 bool GameSession::IntentionalWalk() {
@@ -115,16 +132,43 @@ bool GameSession::FillOpenPlace() {
 }
 
 bool GameSession::AwaitsHuman() const {
+    if (proposed_) return true;
     const SideControl& control = state_.computer[state_.awaited.side];
     if (state_.awaited.kind == Await::Decision) return !control.game;
     return state_.awaited.kind == Await::LineupChange && !control.subs;
 }
 
+bool GameSession::Confirms(const Input& input) const {
+    if (quiet_ || SpectatorMode || options_.QuickPlayMode) return false;
+    return std::holds_alternative<LineupInput>(input) ? options_.DisplayCompMgrChanges : options_.AuxChartsAutoClick;
+}
+
+bool GameSession::Confirm(bool yes) {
+    if (!proposed_) return false;
+    const ProposedMove move = *std::exchange(proposed_, std::nullopt);
+    if (yes) {
+        if (!Take(move.input)) return false;
+        ++orders_;
+    } else if (std::holds_alternative<DecisionInput>(move.input)) {
+        if (!Take(DecisionInput{move.side, false})) return false;
+    } else {
+        declined_[move.side] = true;
+    }
+    Settle();
+    return true;
+}
+
+bool GameSession::AnswerDecision(Side side) {
+    const DecisionInput answer{side, manager_[side]->Decide(Data(), state_, side)};
+    if (!answer.yes || !Confirms(answer)) return Take(answer);
+    proposed_ = ProposedMove{side, answer};
+    return false;
+}
+
 bool GameSession::AnswerForComputer() {
     const Side side = state_.awaited.side;
     Manager& manager = *manager_[side];
-    if (state_.awaited.kind == Await::Decision && state_.computer[side].game)
-        return Take(DecisionInput{side, manager.Decide(Data(), state_, side)});
+    if (state_.awaited.kind == Await::Decision && state_.computer[side].game) return AnswerDecision(side);
     if (state_.awaited.kind == Await::LineupChange && state_.computer[side].subs) {
         LineupInput lineup;
         if (manager.ForcedLineup(Data(), state_, side, lineup) && Take(lineup)) return true;
@@ -143,7 +187,14 @@ bool GameSession::BeforePitch() {
     for (const Side side : {state_.FieldingSide(), state_.BattingSide}) {
         const SideControl& control = state_.computer[side];
         Input input;
-        if ((control.subs || control.game) && manager_[side]->BeforePitch(Data(), state_, side, input) && Take(input)) {
+        if ((!control.subs && !control.game) || declined_[side] ||
+            !manager_[side]->BeforePitch(Data(), state_, side, input))
+            continue;
+        if (Confirms(input)) {
+            proposed_ = ProposedMove{side, input};
+            return false;
+        }
+        if (Take(input)) {
             ++orders_;
             return true;
         }
@@ -153,7 +204,7 @@ bool GameSession::BeforePitch() {
 }
 
 void GameSession::Settle() {
-    while (!Over() && (AnswerForComputer() || BeforePitch())) {
+    while (!Over() && !proposed_ && (AnswerForComputer() || BeforePitch())) {
     }
     EndWatching();
 }
@@ -183,6 +234,7 @@ bool GameSession::RollsByItself() const {
 
 void GameSession::QuickPlay(int throughInning) {
     const PerSide<SideControl> before = state_.computer;
+    proposed_.reset();
     quiet_ = true;
     state_.computer = {{SideControl{true, true, true}, SideControl{true, true, true}}};
     arrived_ = arrived_ || state_.sheet == SheetCode::P;

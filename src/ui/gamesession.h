@@ -20,7 +20,19 @@ struct ChartShown {
     int roll = 0;  // 10 to 39; 0 before the first roll
     int tens = 0;  // the faces of the three dice
     std::array<int, 2> dice{};
-    std::string playByPlay;  // the running text when the chart was put away
+    bool secondDiceSound = false;  // which of the two dice sounds goes with it
+    std::string playByPlay;        // the running text when the chart was put away
+};
+
+// A computer manager's move that the user is to confirm.
+struct ProposedMove {
+    Side side = Side::Visitor;
+    Input input;
+};
+
+// Something to tell a manager in a box.
+struct Reminder {
+    std::string title, text;
 };
 
 // One game as a person plays it: the rolls of his clicks, the answers of the computer managers, the chart of the roll
@@ -43,6 +55,9 @@ class GameSession : private GameListener {
     bool Answer(bool yes);  // to the decision awaited of a human
     bool FillOpenPlace();   // a human's forced change: the first man who can stand there
 
+    // The user's word on the move that waits for it; No drops the move.
+    bool Confirm(bool yes);
+
     // The computer plays both teams until the end of inning throughInning (0: of the game).
     void QuickPlay(int throughInning);
     // The same, play by play for a spectator: every sheet rolls by itself until then.
@@ -58,18 +73,20 @@ class GameSession : private GameListener {
     bool SpectatorMode = false;
 
     bool Over() const { return state_.GameOverFlag; }
-    bool CanRoll() const { return !Over() && state_.awaited.kind == Await::Roll; }
+    bool CanRoll() const { return !Over() && !proposed_ && state_.awaited.kind == Await::Roll; }
     // The sheet that is up rolls without a click.
     bool RollsByItself() const;
     // A human must answer before anything else happens.
     bool AwaitsHuman() const;
     bool ComputerManages(Side side) const { return state_.computer[side].game; }
 
+    const std::optional<ProposedMove>& Proposed() const { return proposed_; }
+
     const std::optional<ChartShown>& LastChart() const { return last_; }
     std::string RunningText() const { return text_.Text(); }
 
     // Reminders to managers since the last call, oldest first.
-    std::vector<std::string> TakeReminders();
+    std::vector<Reminder> TakeReminders();
 
     // The generator of a side's computer manager in a game of this seed.
     static Random ManagerRandom(std::uint64_t seed, Side side);
@@ -81,7 +98,10 @@ class GameSession : private GameListener {
     void Remember(int chartRoll);
     void Settle();
     void EndWatching();
+    void Remember(const GameData& data, const GameState& state, const GameEvent& event);
+    bool Confirms(const Input& input) const;
     bool AnswerForComputer();
+    bool AnswerDecision(Side side);
     bool BeforePitch();
 
     GamePtr setup_;
@@ -92,8 +112,10 @@ class GameSession : private GameListener {
     PerSide<std::unique_ptr<Manager>> manager_;
     std::optional<ChartShown> last_;
     PlayByPlay text_;
-    std::vector<std::string> reminders_;
-    int orders_ = 0;  // of computer managers before this pitch
+    std::vector<Reminder> reminders_;
+    std::optional<ProposedMove> proposed_;
+    PerSide<bool> declined_{{false, false}};  // the user has dropped a move of that side before this pitch
+    int orders_ = 0;                          // of computer managers before this pitch
     // What a watched stretch gives back at its end, and the last inning of it (0: the game).
     struct Watched {
         PerSide<SideControl> state, options;

@@ -11,6 +11,7 @@
 #include <QSoundEffect>
 #include <QUrl>
 
+#include "ui/frmchoice.h"
 #include "ui/frmdocument.h"
 #include "ui/qtext.h"
 
@@ -70,14 +71,9 @@ Reply QtDialogs::Ask(const std::string& text, const std::string& title, bool off
 
 int QtDialogs::Choose(const std::string& text, const std::string& title, const std::string& first,
                       const std::string& second) {
-    QMessageBox box(QMessageBox::Question, QText(title), QText(text), QMessageBox::Cancel,
-                    QApplication::activeWindow());
-    box.setTextFormat(Qt::PlainText);
-    const QPushButton* one = box.addButton(QText(first), QMessageBox::ActionRole);
-    const QPushButton* two = box.addButton(QText(second), QMessageBox::ActionRole);
-    box.exec();
-    if (box.clickedButton() == one) return 0;
-    return box.clickedButton() == two ? 1 : -1;
+    frmChoice choice(text, title, first, second, QApplication::activeWindow());
+    choice.exec();
+    return choice.Way();
 }
 
 int QtDialogs::Pick(const std::string& text, const std::string& title, const std::vector<std::string>& choices) {

@@ -64,6 +64,9 @@ GameOptions OptionsFrom(const GameSettings& settings) {
     options.DisplayChances = settings.DisplayChances;
     options.ShowBanner = settings.FieldZ == 1;
     options.DiceRollSounds = settings.DiceRollSounds;
+    options.DisplayCompMgrChanges = settings.DisplayCompMgrChanges;
+    options.PitcherRestWarning = settings.PitcherRestWarning;
+    options.PitcherBatterWarning = settings.PitcherBatterWarning;
     options.PromptSpectatorMode = settings.PromptSpectatorMode;
     options.PlayResultDelay = settings.PlayResultDelay;
     options.QuickPlayMode = settings.QuickPlayMode;

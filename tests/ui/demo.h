@@ -113,10 +113,11 @@ class ScriptedDialogs : public Dialogs {
 
 class NoSound : public SoundPlayer {
   public:
-    void Play(const std::filesystem::path&) override {}
+    void Play(const std::filesystem::path& file) override { played.push_back(file.filename().string()); }
     void Stop() override {}
     void Beep() override { ++beeps; }
     int beeps = 0;
+    std::vector<std::string> played;
 };
 
 class NoBrowser : public Browser {

@@ -7,9 +7,12 @@
 #include <QPushButton>
 #include <QTest>
 
+#include <set>
+
 #include "engine/boxtext.h"
 #include "ui/chartgrid.h"
 #include "ui/demo.h"
+#include "ui/frmchoice.h"
 #include "ui/frmgame.h"
 #include "ui/frmquickplay.h"
 
@@ -68,6 +71,100 @@ TEST_F(GameTest, APersonPlaysFromTheFirstPitchToTheLastOut) {
     EXPECT_EQ(finished, 1);
     EXPECT_TRUE(ProveBox(State()).Proves());
     EXPECT_FALSE(outside.dialogs.questions.empty());
+}
+
+TEST_F(GameTest, AWalkOffIsToldFirstAndTheNextClickEndsTheGame) {
+    GameOptions options;
+    for (SideControl& side : options.computer.value) side = {true, true, true};
+    options.DiceRollSounds = true;
+    std::uint64_t seed = 1;
+    for (;; ++seed) {
+        ASSERT_LT(seed, 200U) << "no walk-off in so many games";
+        GameSession session(seasons.Setup(), options, seed);
+        ASSERT_EQ(session.Start(), Reject::None);
+        session.QuickPlay(0);
+        if (session.State().WalkOff) break;
+    }
+    Open(options, seed);
+    int finished = 0;
+    QObject::connect(game.get(), &frmGame::Finished, [&] { ++finished; });
+    for (int clicks = 0; clicks < 5000 && !State().GameOverFlag; ++clicks) Find("cmdPlay")->click();
+    ASSERT_THAT(outside.dialogs.reminders, SizeIs(1));
+    EXPECT_EQ(outside.dialogs.reminders[0].text, "Walk off win for the Homers. Click Game Over to continue.");
+    EXPECT_EQ(outside.dialogs.reminders[0].title, "Game Over");
+    EXPECT_EQ(finished, 0);
+    EXPECT_EQ(Find("cmdPlay")->text(), "Game Over");
+    EXPECT_FALSE(Find("chkBunt")->isEnabled() || Find("chkQuickPlay")->isEnabled() || Find("chkIntBB")->isEnabled());
+    Find("cmdPlay")->click();
+    EXPECT_EQ(finished, 1);
+    EXPECT_THAT(outside.dialogs.questions, testing::IsEmpty());
+    EXPECT_THAT(outside.sound.played, testing::Contains("DiceA.wav"));
+    EXPECT_THAT(outside.sound.played, testing::Contains("DiceB.wav"));
+}
+
+TEST_F(GameTest, ASpectatorWatchesAGameThatPlaysItself) {
+    GameOptions options;
+    for (SideControl& side : options.computer.value) side = {true, true, true};
+    options.ComputerMgrAutoClick = true;
+    outside.dialogs.replies = {Reply::Yes};
+    Open(options);
+    ASSERT_THAT(outside.dialogs.questions, SizeIs(1));
+    EXPECT_EQ(outside.dialogs.questions[0].title, "Game Play Mode");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return State().GameOverFlag; }, 60000));
+    GameSession quick(seasons.Setup(), options, 5);
+    ASSERT_EQ(quick.Start(), Reject::None);
+    quick.QuickPlay(0);
+    EXPECT_TRUE(quick.State() == State());  // only the screen differs
+}
+
+TEST_F(GameTest, ComputerManagersAskFirstWhereTheUserWantsToConfirmTheirMoves) {
+    GameOptions options;
+    for (SideControl& side : options.computer.value) side = {true, true, true};
+    GameSession quick(seasons.Setup(), options, 9);
+    ASSERT_EQ(quick.Start(), Reject::None);
+    quick.QuickPlay(0);
+    options.AuxChartsAutoClick = options.DisplayCompMgrChanges = true;
+    const auto play = [&](Reply reply) {
+        outside.dialogs.questions.clear();
+        outside.dialogs.defaultReply = reply;
+        Open(options, 9);
+        QTest::qWait(20);
+        for (int clicks = 0; clicks < 5000 && !State().GameOverFlag; ++clicks) Find("cmdPlay")->click();
+        ASSERT_TRUE(State().GameOverFlag);
+    };
+    play(Reply::Yes);
+    EXPECT_TRUE(State() == quick.State()) << "a manager whom nobody contradicts plays his own game";
+    std::set<std::string> titles;
+    for (const auto& question : outside.dialogs.questions) {
+        titles.insert(question.title);
+        EXPECT_THAT(question.text, HasSubstr("The computer managed "));
+        EXPECT_THAT(question.text, HasSubstr("\nClick Yes to"));
+    }
+    EXPECT_THAT(titles, testing::ElementsAre("Computer Manager Game Strategy", "Computer Manager Substitution"));
+    play(Reply::No);
+    int stolen = 0;
+    for (const Side side : kBothSides)
+        for (const BatterLine& line : State()[side].box.batter) stolen += line.SB + line.CS;
+    EXPECT_EQ(stolen, 0);
+}
+
+TEST_F(GameTest, RemindersComeInBoxesAndOnlyIfWanted) {
+    GameOptions options;
+    options.computer[Side::Visitor] = {true, true, true};
+    for (const bool wanted : {false, true}) {
+        options.PitcherBatterWarning = options.PitcherRestWarning = options.DisplayCompMgrChanges = wanted;
+        outside.dialogs.reminders.clear();
+        outside.dialogs.defaultReply = Reply::Yes;
+        Open(options, 3);
+        for (int clicks = 0; clicks < 5000 && !State().GameOverFlag; ++clicks) Find("cmdPlay")->click();
+        std::set<std::string> begins;
+        for (const auto& reminder : outside.dialogs.reminders)
+            if (reminder.title == "Pitcher Batting Reminder") begins.insert(reminder.text.substr(0, 11));
+        if (wanted)
+            EXPECT_THAT(begins, testing::Contains("Reminder to"));
+        else
+            EXPECT_THAT(begins, testing::IsEmpty());
+    }
 }
 
 TEST_F(GameTest, OneClickPlaysAWholeTurnAtBat) {
@@ -217,6 +314,21 @@ TEST_F(GameTest, AResultStaysForItsTimeAndNothingCanBeClickedMeanwhile) {
     EXPECT_EQ(State().steps, steps);
     EXPECT_TRUE(QTest::qWaitFor([&] { return Find("cmdPlay")->isEnabled(); }, 3000));
     EXPECT_TRUE(Find("cmdPlay")->hasFocus());
+}
+
+TEST(Choice, HasTwoWaysByMouseOrKeyAndCancel) {
+    const auto way = [](Qt::Key key) {
+        frmChoice choice("Base runners on 1B and 3B.", "Choose SB Option", "Steal 2B", "Steal Home");
+        choice.show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&choice));
+        QTest::keyClick(&choice, key, key == Qt::Key_Escape ? Qt::NoModifier : Qt::AltModifier);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !choice.isVisible(); }, 1000));
+        return choice.Way();
+    };
+    EXPECT_EQ(way(Qt::Key_S), 0);
+    EXPECT_EQ(way(Qt::Key_H), 1);
+    EXPECT_EQ(way(Qt::Key_C), -1);
+    EXPECT_EQ(way(Qt::Key_Escape), -1);
 }
 
 }  // namespace
