@@ -45,7 +45,7 @@ std::vector<LahmanTeam> ListTeams(const std::vector<TeamLine>& teams) {
     return list;
 }
 
-std::string TeamEntry(const LahmanTeam& team) {
+std::string TeamEntryText(const LahmanTeam& team) {
     return fmt::format("{} {} ({} - {})     Wins: {}   Losses: {}", team.yearID, team.name, team.KorvTeamID, team.lgID,
                        team.W, team.L);
 }

@@ -34,7 +34,7 @@ struct TeamChoice {
 std::vector<LahmanTeam> ListTeams(const std::vector<TeamLine>& teams);
 
 // "1927 New York Yankees (NYA - AL)     Wins: 110   Losses: 44"
-std::string TeamEntry(const LahmanTeam& team);
+std::string TeamEntryText(const LahmanTeam& team);
 
 // "1 team for import", "16 teams for import".
 std::string TeamCountText(std::size_t count);

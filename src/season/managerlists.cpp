@@ -19,16 +19,6 @@ void AddRow(Database& season, LineupList& list) {
     list.lineupID = static_cast<std::int32_t>(season.LastInsertId());
 }
 
-void SaveTendencies(Database& season, const std::string& teamID, const ManagerTendencies& tendency) {
-    season.Execute(
-        "UPDATE ComputerManager SET Bunting = ?, BaseStealing = ?, BaseRunning = ?, PinchHitting = ?, PinchRunning = "
-        "?, "
-        "RelieverUsage = ?, DefensiveSubs = ? WHERE teamID = ?",
-        {std::int64_t{tendency.Bunting}, std::int64_t{tendency.BaseStealing}, std::int64_t{tendency.BaseRunning},
-         std::int64_t{tendency.PinchHitting}, std::int64_t{tendency.PinchRunning}, std::int64_t{tendency.RelieverUsage},
-         std::int64_t{tendency.DefensiveSubs}, teamID});
-}
-
 bool SameList(const LineupList& a, const LineupList& b) {
     const auto same = [](const ListSlot& x, const ListSlot& y) {
         return x.playerID == y.playerID && x.position == y.position && x.PlayerType == y.PlayerType;
@@ -57,6 +47,16 @@ void GenerateTeam(Database& season, const std::string& teamID, const LeagueRules
 }
 
 }  // namespace
+
+void SaveTendencies(Database& season, const std::string& teamID, const ManagerTendencies& tendency) {
+    season.Execute(
+        "UPDATE ComputerManager SET Bunting = ?, BaseStealing = ?, BaseRunning = ?, PinchHitting = ?, PinchRunning = "
+        "?, "
+        "RelieverUsage = ?, DefensiveSubs = ? WHERE teamID = ?",
+        {std::int64_t{tendency.Bunting}, std::int64_t{tendency.BaseStealing}, std::int64_t{tendency.BaseRunning},
+         std::int64_t{tendency.PinchHitting}, std::int64_t{tendency.PinchRunning}, std::int64_t{tendency.RelieverUsage},
+         std::int64_t{tendency.DefensiveSubs}, teamID});
+}
 
 void SaveManager(Database& season, const TeamRoster& roster) {
     Transaction transaction(season);

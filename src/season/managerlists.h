@@ -13,6 +13,9 @@ namespace tarvane {
 void GenerateTeamManager(Database& season, const std::string& teamID, const GenerateOptions& options);
 int GenerateSeasonManagers(Database& season, const GenerateOptions& options, Progress* progress = nullptr);
 
+// Writes the tendencies to the team's row.
+void SaveTendencies(Database& season, const std::string& teamID, const ManagerTendencies& tendencies);
+
 // Writes a roster's lists and tendencies over the rows that they came from. Lists without a row of theirs get one.
 void SaveManager(Database& season, const TeamRoster& roster);
 

@@ -78,8 +78,10 @@ void frmGame::SetUpGrids() {
     PlainGrid(ui_->grdVisitorPlayer, 10, 4);
     PlainGrid(ui_->grdHomePlayer, 10, 4);
     PlainGrid(ui_->grdPlayers, 10, 6);
-    for (QTableWidget* grid : {ui_->grdVisitorPlayer, ui_->grdHomePlayer})
+    for (QTableWidget* grid : {ui_->grdVisitorPlayer, ui_->grdHomePlayer}) {
         grid->horizontalHeader()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
+        grid->setTextElideMode(Qt::ElideNone);  // a figure that only just fits is better whole than with dots
+    }
     for (int column = 0; column < 6; ++column)
         ui_->grdPlayers->horizontalHeader()->setSectionResizeMode(
             column, column == 1 ? QHeaderView::Stretch : QHeaderView::ResizeToContents);

@@ -6,6 +6,7 @@
 #include <QTimer>
 #include <random>
 
+#include "ui/frmcomputermgr.h"
 #include "ui/frmgame.h"
 #include "ui/frmgameover.h"
 #include "ui/frmpreexgame.h"
@@ -90,8 +91,17 @@ void frmMain::OpenScreen(MenuScreen screen) {
     switch (screen) {
         case MenuScreen::Seasons: Show(new frmSeasons(seasons_, services_)); break;
         case MenuScreen::PreExGame: OpenExhibition(); break;
+        case MenuScreen::Team: OpenStored<frmComputerMgr>(); break;
         default: Say(tr("This screen is not built yet.")); break;
     }
+}
+
+template <class StoredScreen>
+void frmMain::OpenStored() {
+    if (seasons_.Store() == nullptr)
+        Say(tr("There is no season on the disk to work with."));
+    else
+        Show(new StoredScreen(*seasons_.Store(), services_));
 }
 
 void frmMain::Show(Screen* screen) {

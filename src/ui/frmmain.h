@@ -49,6 +49,9 @@ class frmMain : public QMainWindow {
     void Choose(MenuRow row, int column);
     void OpenScreen(MenuScreen screen);
     void Show(Screen* screen);
+    // A screen over what the open season's database holds.
+    template <class StoredScreen>
+    void OpenStored();
     void OpenExhibition();
     void Play(const GamePtr& setup);
     void EndOf(const GamePtr& setup, const GameState& state);

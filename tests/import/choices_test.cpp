@@ -28,7 +28,7 @@ TEST(TeamList, TextsOfTheList) {
     team.W = 110;
     team.L = 44;
     team.KorvTeamID = "NY2";
-    EXPECT_EQ(TeamEntry(team), "1927 New York Yankees (NY2 - AL)     Wins: 110   Losses: 44");
+    EXPECT_EQ(TeamEntryText(team), "1927 New York Yankees (NY2 - AL)     Wins: 110   Losses: 44");
     EXPECT_EQ(TeamCountText(1), "1 team for import");
     EXPECT_EQ(TeamCountText(0), "0 teams for import");
     const std::map<std::string, std::string> shortNames{{"Boston Red Sox", "Red Sox"},

@@ -15,6 +15,8 @@
 #include "data/session.h"
 #include "engine/boxtext.h"
 #include "ui/demo.h"
+#include "ui/frmchoice.h"
+#include "ui/frmcomputermgr.h"
 #include "ui/frmdocument.h"
 #include "ui/frmgame.h"
 #include "ui/frmmain.h"
@@ -33,23 +35,25 @@ class Camera {
   public:
     explicit Camera(QString folder) : folder_(std::move(folder)) {}
 
-    // A picture of the widget in both sizes; false once one could not be written.
+    // A picture of the widget in both sizes.
     void Take(QWidget& screen, const QString& name) {
         for (const QSize& size : {QSize(1024, 768), QSize(1920, 1080)}) {
             screen.resize(size);
-            screen.show();
-            QApplication::processEvents();
-            const QString file =
-                QStringLiteral("%1/%2-%3x%4.png").arg(folder_, name).arg(size.width()).arg(size.height());
-            if (!screen.grab().save(file)) {
-                fmt::print(stderr, "{} could not be written. Is there room, and may you write there?\n",
-                           file.toStdString());
-                failed = true;
-                continue;
-            }
-            fmt::print("{}\n", file.toStdString());
+            TakeAsIs(screen, QStringLiteral("%1-%2x%3").arg(name).arg(size.width()).arg(size.height()));
         }
         screen.hide();
+    }
+    // A picture in the size that it has.
+    void TakeAsIs(QWidget& screen, const QString& name) {
+        screen.show();
+        QApplication::processEvents();
+        const QString file = QStringLiteral("%1/%2.png").arg(folder_, name);
+        if (screen.grab().save(file)) {
+            fmt::print("{}\n", file.toStdString());
+            return;
+        }
+        fmt::print(stderr, "{} could not be written. Is there room, and may you write there?\n", file.toStdString());
+        failed = true;
     }
     const QString& Folder() const { return folder_; }
     bool failed = false;
@@ -89,6 +93,12 @@ GamePtr FirstGame(SeasonAccess& seasons) {
     return seasons.Exhibition({teams[0].teamID, teams[1].teamID, teams[1].ParkID, {}});
 }
 
+// Screens over what a season's database holds.
+void TakeStored(Camera& camera, Session& session, demo::Outside& outside) {
+    frmComputerMgr manager(session, outside.Get());
+    camera.Take(manager, QStringLiteral("frmComputerMgr"));
+}
+
 void TakeAll(Camera& camera, SeasonAccess& seasons) {
     demo::Outside outside;
     frmMain menu(seasons, outside.Get(), {});
@@ -103,6 +113,12 @@ void TakeAll(Camera& camera, SeasonAccess& seasons) {
     exhibition.findChild<QComboBox*>(QStringLiteral("cmbHomeTeam"))->setCurrentIndex(1);
     camera.Take(exhibition, QStringLiteral("frmPreExGame"));
     TakeGame(camera, FirstGame(seasons), outside);
+    frmChoice choice(
+        "Base runners on 1B and 3B. Choose sacrifice bunt or suicide squeeze. Batter Bunt Rating: A\n"
+        "Click either Sacrifice or Squeeze, otherwise Click Cancel.",
+        "Choose Bunt Option", "Sacrifice", "Squeeze");
+    camera.TakeAsIs(choice, QStringLiteral("frmChoice"));
+    if (seasons.Store() != nullptr) TakeStored(camera, *seasons.Store(), outside);
 }
 
 class Printer : public MessageSink {
