@@ -32,18 +32,27 @@ void Narrator::BeginText(bool pitch) {
     onlyPitch_ = pitch;
 }
 
-bool Narrator::RecentlyUsed(const Sentence* sentence) const {
-    return std::find(recent_.begin(), recent_.end(), sentence) != recent_.end();
+// The roll picks the range and, inside it, where to begin; a sentence heard lately gives way to its neighbour, and if
+// all have been heard the one heard longest ago comes again.
+const Sentence& Narrator::Choose(const std::vector<Sentence>& wordings, int roll) const {
+    const std::size_t first = static_cast<std::size_t>(roll) % wordings.size();
+    const Sentence* oldest = nullptr;
+    std::ptrdiff_t since = -1;
+    for (std::size_t i = 0; i < wordings.size(); ++i) {
+        const Sentence* sentence = &wordings[(first + i) % wordings.size()];
+        const auto ago = std::find(recent_.rbegin(), recent_.rend(), sentence) - recent_.rbegin();
+        if (ago <= since) continue;
+        oldest = sentence;
+        since = ago;
+        if (ago == std::ssize(recent_)) break;
+    }
+    return *oldest;
 }
 
 void Narrator::Say(std::string_view key, const GameData& data, const GameState& state, const GameEvent& event) {
     const int roll = state.play.values.NarrationRoll;
     const auto& wordings = wordings_.For(Wordings::IndexOf(key), roll);
-    // The roll picks the range and, inside it, where to begin; a sentence heard lately gives way to its neighbour.
-    const std::size_t first = static_cast<std::size_t>(roll) % wordings.size();
-    const Sentence* chosen = &wordings[first];
-    for (std::size_t i = 0; i < wordings.size() && RecentlyUsed(chosen); ++i)
-        chosen = &wordings[(first + i + 1) % wordings.size()];
+    const Sentence* chosen = &Choose(wordings, roll);
     recent_.push_back(chosen);
     if (recent_.size() > kMemory) recent_.pop_front();
 

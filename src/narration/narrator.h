@@ -34,7 +34,7 @@ class Narrator : public GameListener {
   private:
     void Say(std::string_view key, const GameData& data, const GameState& state, const GameEvent& event);
     void BeginText(bool pitch);
-    bool RecentlyUsed(const Sentence* sentence) const;
+    const Sentence& Choose(const std::vector<Sentence>& wordings, int roll) const;
 
     const Wordings& wordings_;
     Sink sink_;
