@@ -143,4 +143,12 @@ ManagerFault CheckComputerDepth(const TeamRoster& roster, Side side) {
     return {};
 }
 
+ManagerFault CheckManagerLists(const TeamRoster& roster, Side side, const SideControl& control, bool dhUsed,
+                               std::int32_t scheduledLineup) {
+    ManagerFault fault;
+    if (control.lineups) fault = CheckComputerLineups(roster, side, dhUsed, scheduledLineup);
+    if (!fault.Any() && control.subs) fault = CheckComputerDepth(roster, side);
+    return fault;
+}
+
 }  // namespace tarvane

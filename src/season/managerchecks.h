@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "base/side.h"
+#include "engine/gamestate.h"
 #include "records/team.h"
 
 namespace tarvane {
@@ -21,5 +22,9 @@ ManagerFault CheckComputerLineups(const TeamRoster& roster, Side side, bool dhUs
 
 // For a side whose substitutions it makes.
 ManagerFault CheckComputerDepth(const TeamRoster& roster, Side side);
+
+// What of the two a side needs by what the computer manages of it; line-ups first.
+ManagerFault CheckManagerLists(const TeamRoster& roster, Side side, const SideControl& control, bool dhUsed,
+                               std::int32_t scheduledLineup = 0);
 
 }  // namespace tarvane

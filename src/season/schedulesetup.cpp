@@ -16,8 +16,6 @@ namespace tarvane {
 
 namespace {
 
-constexpr SideControl kComputer{true, true, true};
-
 [[noreturn]] void RefuseGame(const ScheduledGame& game, const std::string& why) {
     throw UserError(fmt::format("Game {} of {} can't be played: {}", game.GameID, game.GameDate, why));
 }
@@ -50,7 +48,6 @@ std::vector<ScheduledGame> UnplayedGames(Database& season, const std::string& th
 ScheduleSetup::ScheduleSetup(Database& common, Database& season, std::filesystem::path images)
     : common_(common), season_(season), images_(std::move(images)) {
     setup_.data.rules = LoadLeagueRules(season_);
-    for (const Side side : kBothSides) setup_.control[side] = kComputer;
     for (const Team& team : LoadTeamList(season_, setup_.data.rules)) LoadTeam(team);
     topBatters_.Read(season_);
 }
@@ -118,9 +115,9 @@ void ScheduleSetup::CheckLists(const ScheduledGame& game, Side side, SeasonTeam&
     bool& checked = team.checked[dh ? Side::Home : Side::Visitor];
     if (checked && !fixed) return;
     const TeamRoster& roster = setup_.data[side].roster;
-    for (const ManagerFault& fault :
-         {CheckComputerLineups(roster, side, dh, fixed ? game.lineupNbr[side] : 0), CheckComputerDepth(roster, side)})
-        if (fault.Any()) RefuseGame(game, fmt::format("{} ({})", fault.text, roster.team.fullName));
+    const ManagerFault fault =
+        CheckManagerLists(roster, side, setup_.control[side], dh, fixed ? game.lineupNbr[side] : 0);
+    if (fault.Any()) RefuseGame(game, fmt::format("{} ({})", fault.text, roster.team.fullName));
     checked = true;
 }
 
@@ -196,11 +193,12 @@ void ScheduleSetup::MakeTiredIneffective(Side side) {
     }
 }
 
-GameSetup& ScheduleSetup::SetUp(const ScheduledGame& game) {
+GameSetup& ScheduleSetup::SetUp(const ScheduledGame& game, const PerSide<SideControl>& control) {
     if (game.teamIdx[Side::Visitor] == game.teamIdx[Side::Home]) RefuseGame(game, "a team can't meet itself.");
     const auto day = DayOfYear(game.GameDate);
     if (!day) RefuseGame(game, fmt::format("\"{}\" is no date. Edit the schedule.", game.GameDate));
     daysReduced_ = 0;
+    setup_.control = control;
     setup_.messages.clear();
     setup_.data.gameDate = game.GameDate;
     setup_.data.dayNumber = static_cast<std::int16_t>(*day);

@@ -30,10 +30,11 @@ class ScheduleSetup {
     // Reads the rules and all teams. images is the folder of the parks' pictures; may be empty.
     ScheduleSetup(Database& common, Database& season, std::filesystem::path images = {});
 
-    // Makes a game ready: the starters by rotation and rest, the nines, the charts. Both sides are the computer's. The
-    // two teams are lent to the set-up until TakeBack. Throws UserError that names the game if it can't be played; the
-    // object is of no use after that.
-    GameSetup& SetUp(const ScheduledGame& game);
+    // Makes a game ready: the starters by rotation and rest, the nines, the charts. The two teams are lent to the
+    // set-up until TakeBack. The lists that a computer manager needs are checked for the sides that have one. Throws
+    // UserError that names the game if it can't be played; the object is of no use after that.
+    GameSetup& SetUp(const ScheduledGame& game) { return SetUp(game, kBothComputers); }
+    GameSetup& SetUp(const ScheduledGame& game, const PerSide<SideControl>& control);
 
     // Days that the last set-up took off all rests and injuries of the league for want of a starter; the posting has to
     // take them off the tables too.
@@ -44,6 +45,9 @@ class ScheduleSetup {
     void TakeBack(const PerSide<bool>& latest, const GameState& state, bool movedMen);
 
   private:
+    static constexpr PerSide<SideControl> kBothComputers{
+        {SideControl{true, true, true}, SideControl{true, true, true}}};
+
     struct Surroundings {
         Ballpark park;
         YearEffects year;

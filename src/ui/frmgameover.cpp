@@ -38,6 +38,7 @@ frmGameOver::~frmGameOver() = default;
 void frmGameOver::ShowScore() {
     const LineScoreView view = MakeLineScore(game_->data, state_);
     ui_->lblResult->setText(QText(FinalScoreText(game_->data, state_)));
+    ui_->lblDecisions->setText(QText(DecisionsText(game_->data, state_)));
     QTableWidget* grid = ui_->grdScoreBoard;
     grid->setColumnCount(static_cast<int>(view.heads.size()) + 1);
     grid->setRowCount(3);

@@ -10,6 +10,7 @@
 #include "ui/frmgame.h"
 #include "ui/frmgameover.h"
 #include "ui/frmpreexgame.h"
+#include "ui/frmpreschedgame.h"
 #include "ui/frmseasons.h"
 #include "ui/theme.h"
 #include "ui_frmmain.h"
@@ -92,6 +93,7 @@ void frmMain::OpenScreen(MenuScreen screen) {
         case MenuScreen::Seasons: Show(new frmSeasons(seasons_, services_)); break;
         case MenuScreen::PreExGame: OpenExhibition(); break;
         case MenuScreen::Team: OpenStored<frmComputerMgr>(); break;
+        case MenuScreen::PreSchedGame: OpenScheduled(); break;
         default: Say(tr("This screen is not built yet.")); break;
     }
 }
@@ -124,6 +126,16 @@ void frmMain::Show(Screen* screen) {
 void frmMain::OpenExhibition() {
     auto* screen = new frmPreExGame(seasons_, services_, options_);
     connect(screen, &frmPreExGame::GameReady, this, &frmMain::Play);
+    Show(screen);
+}
+
+void frmMain::OpenScheduled() {
+    if (seasons_.Store() == nullptr || seasons_.Rules().TourneyMode) {
+        Say(tr("This screen is not built yet."));
+        return;
+    }
+    auto* screen = new frmPreSchedGame(*seasons_.Store(), services_, options_, seed_);
+    connect(screen, &frmPreSchedGame::GameReady, this, &frmMain::Play);
     Show(screen);
 }
 

@@ -53,6 +53,7 @@ class frmMain : public QMainWindow {
     template <class StoredScreen>
     void OpenStored();
     void OpenExhibition();
+    void OpenScheduled();
     void Play(const GamePtr& setup);
     void EndOf(const GamePtr& setup, const GameState& state);
     void Say(const QString& text);

@@ -1,8 +1,6 @@
 #include "ui/frmpreexgame.h"
 
 #include <QComboBox>
-#include <QGroupBox>
-#include <QRadioButton>
 
 #include "base/error.h"
 #include "season/managerchecks.h"
@@ -23,17 +21,12 @@ frmPreExGame::frmPreExGame(SeasonAccess& seasons, Services services, const GameO
       parks_(seasons.Parks()),
       ui_(std::make_unique<Ui::frmPreExGame>()) {
     ui_->setupUi(this);
-    switches_[Side::Visitor] = {{ui_->framVisitorLineups, ui_->framVisitorSubs, ui_->framVisitorGame},
-                                {ui_->optRdCompLineups, ui_->optRdCompSubs, ui_->optRdCompGame},
-                                {ui_->optRdHumanLineups, ui_->optRdHumanSubs, ui_->optRdHumanGame}};
-    switches_[Side::Home] = {{ui_->framHomeLineups, ui_->framHomeSubs, ui_->framHomeGame},
-                             {ui_->optHomeCompLineups, ui_->optHomeCompSubs, ui_->optHomeCompGame},
-                             {ui_->optHomeHumanLineups, ui_->optHomeHumanSubs, ui_->optHomeHumanGame}};
+    switches_ = {{ManagerSwitches(*this, Side::Visitor), ManagerSwitches(*this, Side::Home)}};
     combo_ = {{ui_->cmbVisitorTeam, ui_->cmbHomeTeam}};
     for (const Side side : kBothSides) {
         for (const TeamEntry& team : teams_) combo_[side]->addItem(QString::fromStdString(team.fullName));
         combo_[side]->setCurrentIndex(-1);
-        Show(side, {options_.computer[side], false});
+        switches_[side].Show({options_.computer[side], false});
         connect(combo_[side], &QComboBox::currentIndexChanged, this, [this, side] { TeamChosen(side); });
     }
     for (const ParkEntry& park : parks_) ui_->cmbParks->addItem(QString::fromStdString(ParkText(park)));
@@ -50,22 +43,8 @@ void frmPreExGame::TeamChosen(Side side) {
     const int index = combo_[side]->currentIndex();
     if (index < 0) return;
     const TeamEntry& team = teams_[static_cast<std::size_t>(index)];
-    Show(side, ManagerChoiceOf(team, options_.computer[side]));
+    switches_[side].Show(ManagerChoiceOf(team, options_.computer[side]));
     if (side == Side::Home) ui_->cmbParks->setCurrentIndex(ParkOf(team, parks_));
-}
-
-void frmPreExGame::Show(Side side, const ManagerChoice& choice) {
-    const std::array<bool, 3> computer{choice.control.lineups, choice.control.subs, choice.control.game};
-    Switches& switches = switches_[side];
-    for (std::size_t i = 0; i < computer.size(); ++i) {
-        (computer[i] ? switches.computer[i] : switches.human[i])->setChecked(true);
-        switches.frame[i]->setEnabled(!choice.locked);
-    }
-}
-
-SideControl frmPreExGame::Read(Side side) const {
-    const auto& computer = switches_[side].computer;
-    return {computer[0]->isChecked(), computer[1]->isChecked(), computer[2]->isChecked()};
 }
 
 void frmPreExGame::Next() {
@@ -80,25 +59,22 @@ void frmPreExGame::Next() {
         const GamePtr setup = seasons_.Exhibition({team(Side::Visitor),
                                                    team(Side::Home),
                                                    parks_[static_cast<std::size_t>(choice.park)].parkID,
-                                                   {{Read(Side::Visitor), Read(Side::Home)}}});
+                                                   {{switches_[Side::Visitor].Read(), switches_[Side::Home].Read()}}});
         if (ManagersReady(*setup)) Q_EMIT GameReady(setup);
     } catch (const UserError& error) {
         services_.dialogs.Warn(error.what(), kExhibitionTitle);
     }
 }
 
-// A computer manager needs his lists: line-ups of both sides first, then what substitutions are made from.
+// A computer manager needs his lists: line-ups and what substitutions are made from.
 bool frmPreExGame::ManagersReady(const GameSetup& setup) {
-    const auto fine = [this](const ManagerFault& fault) {
-        if (fault.Any()) services_.dialogs.Warn(fault.text, fault.title);
-        return !fault.Any();
-    };
-    for (const Side side : kBothSides)
-        if (setup.control[side].lineups &&
-            !fine(CheckComputerLineups(setup.data[side].roster, side, setup.data.DHUsed)))
-            return false;
-    for (const Side side : kBothSides)
-        if (setup.control[side].subs && !fine(CheckComputerDepth(setup.data[side].roster, side))) return false;
+    for (const Side side : kBothSides) {
+        const ManagerFault fault =
+            CheckManagerLists(setup.data[side].roster, side, setup.control[side], setup.data.DHUsed);
+        if (!fault.Any()) continue;
+        services_.dialogs.Warn(fault.text, fault.title);
+        return false;
+    }
     return true;
 }
 

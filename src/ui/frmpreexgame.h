@@ -4,13 +4,12 @@
 
 #include "ui/exhibition.h"
 #include "ui/gameoptions.h"
+#include "ui/managerswitches.h"
 #include "ui/screen.h"
 #include "ui/seasonaccess.h"
 #include "ui/services.h"
 
 class QComboBox;
-class QGroupBox;
-class QRadioButton;
 
 namespace Ui {
 class frmPreExGame;
@@ -31,15 +30,7 @@ class frmPreExGame : public Screen {
     void GameReady(const tarvane::GamePtr& setup);
 
   private:
-    // The three pairs of option buttons of a side.
-    struct Switches {
-        std::array<QGroupBox*, 3> frame{};
-        std::array<QRadioButton*, 3> computer{}, human{};
-    };
-
     void TeamChosen(Side side);
-    void Show(Side side, const ManagerChoice& choice);
-    SideControl Read(Side side) const;
     void Next();
     bool ManagersReady(const GameSetup& setup);
 
@@ -49,7 +40,7 @@ class frmPreExGame : public Screen {
     std::vector<TeamEntry> teams_;
     std::vector<ParkEntry> parks_;
     std::unique_ptr<Ui::frmPreExGame> ui_;
-    PerSide<Switches> switches_;
+    PerSide<ManagerSwitches> switches_;
     PerSide<QComboBox*> combo_;
 };
 

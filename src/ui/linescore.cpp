@@ -32,4 +32,22 @@ std::string FinalScoreText(const GameData& data, const GameState& state) {
     return state.Inning == 9 ? score : fmt::format("{} ({} innings)", score, state.Inning);
 }
 
+std::string DecisionsText(const GameData& data, const GameState& state) {
+    std::string winner, loser, save;
+    for (const Side side : kBothSides) {
+        const BoxLines& box = state[side].box;
+        for (const PitchingLine& line : box.pitching) {
+            if (line.player.Nobody()) continue;
+            const std::string name = PlayerName(data, side, line.player);
+            if (line.Win) winner = "Winning pitcher:  " + name;
+            if (line.Loss) loser = "Losing pitcher:  " + name;
+            if (line.Save) save = "Save:  " + name;
+        }
+    }
+    std::string text;
+    for (const std::string& part : {winner, loser, save})
+        if (!part.empty()) text += (text.empty() ? "" : "      ") + part;
+    return text;
+}
+
 }  // namespace tarvane

@@ -21,4 +21,7 @@ LineScoreView MakeLineScore(const GameData& data, const GameState& state);
 // "Homers 5, Visitors 3 (11 innings)": the winner first; the innings only if they aren't nine.
 std::string FinalScoreText(const GameData& data, const GameState& state);
 
+// "Winning pitcher: Reed   Losing pitcher: Vail   Save: Post"; a part that nobody has is left out.
+std::string DecisionsText(const GameData& data, const GameState& state);
+
 }  // namespace tarvane

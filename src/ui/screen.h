@@ -4,8 +4,8 @@
 
 namespace tarvane {
 
-// What every screen below the main menu shares: its ground, fonts that grow with the window, Escape to leave, and word
-// to its opener when it closes.
+// What every screen below the main menu shares: its ground, fonts that grow with the window, Enter for the button that
+// has the focus, Escape to leave, and word to its opener when it closes.
 class Screen : public QWidget {
     Q_OBJECT
 

@@ -37,6 +37,7 @@ QGroupBox { color: #26251F; border: 1px solid #D8CDAE; border-radius: 4px; margi
 QGroupBox::title { subcontrol-origin: margin; left: 8px; padding: 0 4px; }
 QGroupBox:disabled { color: #6F6959; }
 QRadioButton, QCheckBox { color: #26251F; spacing: 6px; font-weight: normal; }
+QCheckBox[role="plain"] { color: #F6F0DD; }
 QRadioButton:disabled, QCheckBox:disabled { color: #6F6959; }
 
 QPushButton { background: #F6F0DD; color: #26251F; border: 1px solid #C9BD98; border-radius: 4px; padding: 5px 5px; }

@@ -8,6 +8,7 @@
 #include <QComboBox>
 #include <QDir>
 #include <QPushButton>
+#include <QStackedWidget>
 #include <clocale>
 #include <functional>
 
@@ -19,8 +20,12 @@
 #include "ui/frmcomputermgr.h"
 #include "ui/frmdocument.h"
 #include "ui/frmgame.h"
+#include "ui/frmgameover.h"
 #include "ui/frmmain.h"
 #include "ui/frmpreexgame.h"
+#include "ui/frmpreschedgame.h"
+#include "ui/frmprogress2.h"
+#include "ui/frmquickplay.h"
 #include "ui/frmseasons.h"
 #include "ui/frmsplash.h"
 #include "ui/icon.h"
@@ -121,6 +126,30 @@ void TakeAll(Camera& camera, SeasonAccess& seasons) {
     if (seasons.Store() != nullptr) TakeStored(camera, *seasons.Store(), outside);
 }
 
+// The screens around a scheduled game, of the season as it stands; nothing is written.
+void TakeScheduled(Camera& camera, Session& session) {
+    demo::Outside outside;
+    frmPreSchedGame setup(session, outside.Get(), OptionsFrom(session.Settings()));
+    camera.Take(setup, QStringLiteral("frmPreSchedGame"));
+    frmProgress2& progress = *setup.findChild<frmProgress2*>(QStringLiteral("fraProgress2"));
+    QuickPlayProgress part{412, 1044, "1975-07-19", {{1, 2}}, 0.9};
+    progress.Show(part, "July 19:  a game of that day", false);
+    setup.findChild<QStackedWidget*>(QStringLiteral("stkLower"))->setCurrentIndex(1);
+    camera.Take(setup, QStringLiteral("frmProgress2"));
+    GamePtr game;
+    QObject::connect(&setup, &frmPreSchedGame::GameReady, [&](const GamePtr& ready) { game = ready; });
+    Press(setup, "chkNext", 1);
+    if (!game) return;
+    GameSession played(game, OptionsFrom(session.Settings()), 1975);
+    played.Start();
+    frmQuickPlay quick(QuickPlayChoices(played.State()), outside.Get());
+    quick.findChild<QComboBox*>()->setCurrentIndex(0);
+    camera.Take(quick, QStringLiteral("frmQuickPlay"));
+    played.QuickPlay(0);
+    frmGameOver over(game, played.State(), &session, outside.Get());
+    camera.Take(over, QStringLiteral("frmGameOver"));
+}
+
 class Printer : public MessageSink {
   public:
     void Warn(const std::string& title, const std::string& text) override {
@@ -141,6 +170,7 @@ void TakeFrom(Camera& camera, const char* dataFolder) {
     if (seasons.ActiveSeason().empty())
         throw UserError(std::string(dataFolder) + " has no season to open. Make one with tarvane-replay new-season.");
     TakeAll(camera, seasons);
+    TakeScheduled(camera, session);
 }
 
 }  // namespace
