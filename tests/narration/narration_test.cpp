@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <deque>
 #include <map>
 #include <set>
 
@@ -96,6 +97,7 @@ class Witness : public GameListener {
     }
     void Take(const std::string& text) {
         texts.push_back(text);
+        CountRepeats(text);
         EXPECT_THAT(text, testing::Not(testing::HasSubstr("nobody")));
         EXPECT_THAT(text, testing::Not(testing::HasSubstr("{")));
         EXPECT_THAT(text, testing::Not(testing::HasSubstr("  ")));
@@ -103,7 +105,24 @@ class Witness : public GameListener {
 
     std::vector<std::string> texts;
     std::map<Tag, int> tags, silent;
+    int sentences = 0, repeated = 0;  // word for word within ten plays
     Narrator narrator_;
+
+  private:
+    void CountRepeats(const std::string& text) {
+        std::set<std::string> said;
+        for (std::size_t from = 0; from < text.size();) {
+            const std::size_t end = std::min(text.find(". ", from), text.size());
+            const std::string sentence = text.substr(from, end - from);
+            ++sentences;
+            for (const auto& play : last_) repeated += static_cast<int>(play.count(sentence));
+            said.insert(sentence);
+            from = end + 2;
+        }
+        last_.push_back(std::move(said));
+        if (last_.size() > 10) last_.pop_front();
+    }
+    std::deque<std::set<std::string>> last_;
 };
 
 TEST(Narrator, TellsWholeGamesWithoutGapsOrStrangers) {
@@ -123,6 +142,7 @@ TEST(Narrator, TellsWholeGamesWithoutGapsOrStrangers) {
         EXPECT_GT(witness.tags[tag], 50) << static_cast<int>(tag);
     EXPECT_EQ(witness.silent[Tag::GroundOut2] + witness.silent[Tag::FlyOut2] + witness.silent[Tag::Error2], 0);
     EXPECT_GT(witness.texts.size(), 200U * 60U);
+    EXPECT_LT(witness.repeated, witness.sentences / 100) << "of " << witness.sentences;
 }
 
 TEST(Narrator, AWordingRestsBeforeItComesAgain) {
