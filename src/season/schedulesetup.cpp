@@ -7,6 +7,7 @@
 #include "base/error.h"
 #include "data/rules.h"
 #include "data/teams.h"
+#include "manager/rest.h"
 #include "manager/roster.h"
 #include "season/calendar.h"
 #include "season/managerchecks.h"
@@ -50,6 +51,27 @@ ScheduleSetup::ScheduleSetup(Database& common, Database& season, std::filesystem
     setup_.data.rules = LoadLeagueRules(season_);
     for (const Team& team : LoadTeamList(season_, setup_.data.rules)) LoadTeam(team);
     topBatters_.Read(season_);
+    ReadDoubleHeaders();
+}
+
+// Parts of the schedule in which a club has more than one game of a day on the same side.
+void ScheduleSetup::ReadDoubleHeaders() {
+    for (const Side side : kBothSides) {
+        const char* column = side == Side::Visitor ? "VisitorTeamIndex" : "HomeTeamIndex";
+        Statement rows = season_.Prepare(
+            fmt::format("SELECT GameDate, {0} FROM Schedule GROUP BY GameDate, {0} HAVING count(*) > 1", column));
+        while (rows.Step()) twoGames_[side].emplace(rows.Text(0), static_cast<std::int32_t>(rows.Int(1)));
+    }
+}
+
+// Starters who could pitch today; one of several is kept for the other game of a doubleheader.
+int ScheduleSetup::StartersFree(const ScheduledGame& game, Side side) const {
+    const TeamRoster& roster = setup_.data[side].roster;
+    const auto free = std::count_if(roster.pitchers.begin(), roster.pitchers.end(), [&](const Pitcher& pitcher) {
+        return pitcher.pitcherType == 'S' && !IsResting(roster, pitcher);
+    });
+    const bool kept = free > 1 && twoGames_[side].count({game.GameDate, game.teamIdx[side]}) > 0;
+    return static_cast<int>(free) - (kept ? 1 : 0);
 }
 
 void ScheduleSetup::LoadTeam(const Team& row) {
@@ -217,6 +239,7 @@ GameSetup& ScheduleSetup::SetUp(const ScheduledGame& game, const PerSide<SideCon
         playing_[side]->data = {};
         GetPitcherRest(setup_.data.team[side].roster, *day);
     }
+    for (const Side side : kBothSides) setup_.knowledge[side].startersAvailable = StartersFree(game, side);
     Surround(*playing_[Side::Home]);
     for (const Side side : kBothSides) CheckLists(game, side, *playing_[side]);
     ChooseStarters(game);

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -65,6 +66,8 @@ class ScheduleSetup {
         PerSide<bool> checked{{false, false}};  // its lists, for games without and with the DH
     };
 
+    void ReadDoubleHeaders();
+    int StartersFree(const ScheduledGame& game, Side side) const;
     void LoadTeam(const Team& team);
     SeasonTeam& TeamOf(const ScheduledGame& game, Side side);
     void Surround(SeasonTeam& home);
@@ -84,6 +87,7 @@ class ScheduleSetup {
     PerSide<SeasonTeam*> playing_{{nullptr, nullptr}};
     PerSide<int> starter_{{-1, -1}};
     TopBatters topBatters_;
+    PerSide<std::set<std::pair<std::string, std::int32_t>>> twoGames_;  // dates and teams
     int daysReduced_ = 0;
 };
 

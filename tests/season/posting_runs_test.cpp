@@ -32,6 +32,29 @@ class StopAfter final : public SeasonWatcher {
     long games_;
 };
 
+// The same pairing twice on one day, after a day without it.
+TEST(SeasonRuns, AStarterIsKeptForTheOtherGameOfADoubleheader) {
+    const auto made = testing::MakeScheduledSeason(1);
+    made->season->Execute(
+        "INSERT INTO Schedule (GameDate, VisitorTeamIndex, HomeTeamIndex) SELECT '1975-05-20', VisitorTeamIndex, "
+        "HomeTeamIndex FROM Schedule WHERE GameID = 1");
+    made->season->Execute(
+        "INSERT INTO Schedule (GameDate, VisitorTeamIndex, HomeTeamIndex) SELECT '1975-05-20', VisitorTeamIndex, "
+        "HomeTeamIndex FROM Schedule WHERE GameID = 1");
+    const auto games = UnplayedGames(*made->season);
+    for (const bool doubleheader : {false, true}) {
+        ScheduleSetup setup(*made->common, *made->season);
+        const GameSetup& ready = setup.SetUp(doubleheader ? games.back() : games.front());
+        for (const Side side : kBothSides) {
+            const auto& pitchers = ready.data[side].roster.pitchers;
+            const auto starters = std::count_if(pitchers.begin(), pitchers.end(),
+                                                [](const Pitcher& p) { return p.pitcherType == 'S'; });
+            ASSERT_GT(starters, 2);
+            EXPECT_EQ(ready.knowledge[side].startersAvailable, starters - (doubleheader ? 1 : 0));
+        }
+    }
+}
+
 TEST(SeasonRuns, AStoppedAndResumedSeasonIsThatOfOneRun) {
     const auto whole = testing::MakeScheduledSeason(5);
     EXPECT_EQ(testing::PlaySome(*whole, 1000).played, kGames);
