@@ -31,6 +31,12 @@ std::optional<double> ParseDouble(std::string_view text);
 // The shortest text that reads back as the same number: 3, 0.25, 1e+300.
 std::string FormatDouble(double value);
 
+// Places a text takes in a line of equal letters: code points, without marks that combine with the letter before.
+int TextWidth(std::string_view text);
+// Filled up with blanks to that width.
+std::string PadRight(std::string text, int width);
+std::string PadLeft(const std::string& text, int width);
+
 // Characters (code points), each byte that isn't part of one counted as one.
 std::size_t Utf8Length(std::string_view text);
 // The first count characters; never half of one.

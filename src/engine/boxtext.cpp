@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "base/text.h"
 #include "engine/availability.h"
 
 namespace tarvane {
@@ -10,28 +11,6 @@ namespace tarvane {
 namespace {
 
 constexpr int kNameWidth = 28;  // the least width of the column of names
-
-// Places a text takes in a line of equal letters: code points, without the marks that combine with the letter before.
-int TextWidth(std::string_view text) {
-    int width = 0;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const auto byte = static_cast<unsigned char>(text[i]);
-        const bool continues = (byte & 0xC0U) == 0x80U;
-        const auto next = i + 1 < text.size() ? static_cast<unsigned char>(text[i + 1]) : 0U;
-        const bool combines = byte == 0xCCU || (byte == 0xCDU && next < 0xB0U);  // U+0300 to U+036F
-        if (!continues && !combines) ++width;
-    }
-    return width;
-}
-
-std::string PadRight(std::string text, int width) {
-    text.append(static_cast<std::size_t>(std::max(0, width - TextWidth(text))), ' ');
-    return text;
-}
-
-std::string PadLeft(const std::string& text, int width) {
-    return std::string(static_cast<std::size_t>(std::max(0, width - TextWidth(text))), ' ') + text;
-}
 
 // Columns of right-aligned figures behind one of names.
 class Table {

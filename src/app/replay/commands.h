@@ -33,6 +33,7 @@ int ShowChart(const Context&, const Options&);
 int Bench(const Context&, const Options&);
 int Rates(const Context&, const Options&);
 int PlaySeason(const Context&, const Options&);
+int ShowBox(const Context&, const Options&);
 int ShowHash(const Context&, const Options&);
 int SampleLeague(const Context&, const Options&);
 int ImportScheduleFile(const Context&, const Options&);

@@ -6,8 +6,10 @@
 #include <chrono>
 #include <csignal>
 #include <cstdio>
+#include <optional>
 
 #include "base/error.h"
+#include "documents/gamefiles.h"
 #include "installation.h"
 #include "season/seasonhash.h"
 #include "season/seasonplay.h"
@@ -49,7 +51,15 @@ std::string MinutesAndSeconds(double seconds) {
 // One line on a terminal: a bar, the games, how many a second, the time left. Silent elsewhere.
 class TerminalWatcher final : public SeasonWatcher {
   public:
-    TerminalWatcher() : terminal_(isatty(STDERR_FILENO) != 0), start_(SteadyClock::now()), shown_(start_) {}
+    TerminalWatcher(Database& season, std::filesystem::path folder, std::optional<char> format)
+        : season_(season),
+          folder_(std::move(folder)),
+          terminal_(isatty(STDERR_FILENO) != 0),
+          start_(SteadyClock::now()),
+          shown_(start_) {
+        files_.boxScore = files_.scoreSheet = format.has_value();
+        files_.format = format.value_or('T');
+    }
 
     bool GoOn(const ScheduledGame& next, long done, long total) override {
         // Loading the teams comes with the first game; the speed is that of the games.
@@ -59,6 +69,21 @@ class TerminalWatcher final : public SeasonWatcher {
             Show(next.GameDate, done, total, std::chrono::duration<double>(now - start_).count());
         }
         return stopAsked == 0;
+    }
+    GameListener* Listener() override {
+        if (!files_.boxScore) return nullptr;
+        sheet_.Clear();
+        return &sheet_;
+    }
+    // The documents stand before the game is posted: a game in the season has its documents.
+    void GameOver(const GameSetup& setup, const GameState& state, GameToPost& posting) override {
+        if (!files_.boxScore) return;
+        Statement number = season_.Prepare("SELECT coalesce(NextResultsFile, 1) FROM LeagueRules");
+        const GameFileNames names =
+            NameGameFiles(files_, setup.data.rules, setup.data, number.Step() ? static_cast<int>(number.Int(0)) : 1);
+        WriteGameFiles(folder_, names, files_, MakeBoxDocument(setup.data, state, 0), sheet_);
+        posting.resultsFile1 = names.boxScore;
+        posting.resultsFile2 = names.scoreSheet;
     }
     void Posted(const ScheduledGame& game, const GameSetup&, const GameState&, const PostingReport& report) override {
         posted_.push_back(SteadyClock::now());
@@ -95,6 +120,10 @@ class TerminalWatcher final : public SeasonWatcher {
         std::fflush(stderr);
     }
 
+    Database& season_;
+    std::filesystem::path folder_;  // of the documents
+    GameFilesChoice files_;
+    ScoreSheet sheet_;
     bool terminal_;
     SteadyClock::time_point start_, shown_;
     std::vector<SteadyClock::time_point> posted_;
@@ -107,12 +136,20 @@ void RefuseEmptySchedule(Database& season, const std::string& name) {
             fmt::format("the season \"{0}\" has no schedule; give it one with import-schedule \"{0}\" FILE", name));
 }
 
+// 'T' or 'H'; nothing for none.
+std::optional<char> DocumentsAsked(const Options& options) {
+    const std::string box = options.Text("--box", "none");
+    if (box == "text") return 'T';
+    if (box == "html") return 'H';
+    if (box != "none") throw UserError(fmt::format("option --box takes text, html or none, not '{}'", box));
+    return std::nullopt;
+}
+
 }  // namespace
 
 int PlaySeason(const Context& context, const Options& options) {
     const std::string& name = options.Positional(0);
-    if (const std::string box = options.Text("--box", "none"); box != "none")
-        throw UserError(fmt::format("--box {}: only none is there yet", box));
+    const std::optional<char> documents = DocumentsAsked(options);
     SeasonRun run;
     if (options.Has("--games")) run.games = options.Number("--games", 0, 0, 1'000'000);
     run.through = options.Text("--through");
@@ -122,7 +159,7 @@ int PlaySeason(const Context& context, const Options& options) {
     run.seed = SeedOf(options);
 
     SeasonPlayer player(installation.Common(), season);
-    TerminalWatcher watcher;
+    TerminalWatcher watcher(season, installation.Paths().GameResults(name), documents);
     const StopOnInterrupt interrupt;
     const auto start = SteadyClock::now();
     const SeasonRunResult result = player.Run(run, watcher);
