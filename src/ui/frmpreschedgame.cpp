@@ -7,6 +7,7 @@
 
 #include "base/error.h"
 #include "base/file.h"
+#include "ui/frmscheduler.h"
 #include "ui/gridfit.h"
 #include "ui/qtext.h"
 #include "ui/scheduledgame.h"
@@ -57,7 +58,8 @@ frmPreSchedGame::frmPreSchedGame(Session& session, Services services, const Game
         Tick();
     });
     connect(&ticks_, &QTimer::timeout, this, &frmPreSchedGame::Tick);
-    ui_->chkEditSched->setEnabled(false);
+    connect(ui_->chkEditSched, &QPushButton::clicked, this,
+            [this] { OpenOver(new frmScheduler(session_, services_)); });
     GetSchedData();
 }
 
@@ -91,6 +93,7 @@ void frmPreSchedGame::GetSchedData() {
 }
 
 void frmPreSchedGame::TellEmptySchedule() {
+    ui_->lblProgress->clear();
     if (book_.Games().empty())
         ui_->lblProgress->setText(
             tr("There are no scheduled games for this season. Click Edit Schedule to set up or "

@@ -40,6 +40,7 @@ class frmPreSchedGame : public Screen {
 
   protected:
     bool MayClose() override;
+    void Returned() override { GetSchedData(); }
     void resizeEvent(QResizeEvent* event) override;
 
   private:

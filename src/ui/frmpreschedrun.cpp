@@ -58,8 +58,9 @@ void frmPreSchedGame::Run(long games) {
 }
 
 void frmPreSchedGame::ShowRunning(bool running) {
-    for (QWidget* control : {static_cast<QWidget*>(ui_->chkNext), static_cast<QWidget*>(ui_->chkPlayTo),
-                             static_cast<QWidget*>(ui_->chkQuickPlayMinimized)})
+    for (QWidget* control :
+         {static_cast<QWidget*>(ui_->chkNext), static_cast<QWidget*>(ui_->chkPlayTo),
+          static_cast<QWidget*>(ui_->chkQuickPlayMinimized), static_cast<QWidget*>(ui_->chkEditSched)})
         control->setVisible(!running);
     ui_->cmdQuitQuickPlay->setVisible(running);
     ui_->cmdQuitQuickPlay->setEnabled(running);

@@ -97,6 +97,15 @@ std::optional<std::filesystem::path> QtDialogs::OpenFile(const std::string& titl
     return std::filesystem::path(name.toStdString());
 }
 
+std::optional<std::filesystem::path> QtDialogs::SaveFile(const std::string& title, const std::filesystem::path& folder,
+                                                         const std::string& name, const std::string& filter) {
+    const QString file =
+        QFileDialog::getSaveFileName(QApplication::activeWindow(), QText(title), QText((folder / name).string()),
+                                     QText(filter), nullptr, QFileDialog::DontConfirmOverwrite);
+    if (file.isEmpty()) return std::nullopt;
+    return std::filesystem::path(file.toStdString());
+}
+
 std::unique_ptr<SoundPlayer> MakeSoundPlayer() {
     if (QMediaDevices::audioOutputs().isEmpty()) return std::make_unique<Silence>();
     return std::make_unique<EffectPlayer>();

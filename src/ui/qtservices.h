@@ -18,6 +18,8 @@ class QtDialogs : public Dialogs {
     void ShowDocument(const std::string& text, const std::string& title) override;
     std::optional<std::filesystem::path> OpenFile(const std::string& title, const std::filesystem::path& folder,
                                                   const std::string& filter) override;
+    std::optional<std::filesystem::path> SaveFile(const std::string& title, const std::filesystem::path& folder,
+                                                  const std::string& name, const std::string& filter) override;
 };
 
 // Sound through wave effects where there is a device; silence where there is none.

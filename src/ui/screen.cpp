@@ -41,4 +41,16 @@ void Screen::keyPressEvent(QKeyEvent* event) {
     QWidget::keyPressEvent(event);
 }
 
+void Screen::OpenOver(Screen* next) {
+    next->setAttribute(Qt::WA_DeleteOnClose);
+    connect(next, &Screen::Closed, this, [this] {
+        show();
+        Returned();
+    });
+    next->setGeometry(geometry());
+    next->setWindowState(windowState());
+    next->show();
+    hide();
+}
+
 }  // namespace tarvane

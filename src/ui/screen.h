@@ -20,6 +20,10 @@ class Screen : public QWidget {
     void resizeEvent(QResizeEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
+    // Shows another screen in this one's place until it closes; it deletes itself. Returned is called then.
+    void OpenOver(Screen* next);
+    virtual void Returned() {}
+
     // False keeps the screen open.
     virtual bool MayClose() { return true; }
 };

@@ -31,6 +31,9 @@ class Dialogs {
     // Nothing when the user cancels. The filter reads "Words (*.ext)".
     virtual std::optional<std::filesystem::path> OpenFile(const std::string& title, const std::filesystem::path& folder,
                                                           const std::string& filter) = 0;
+    // The same for a file to write; whether it may replace one that is there is for the caller to ask.
+    virtual std::optional<std::filesystem::path> SaveFile(const std::string& title, const std::filesystem::path& folder,
+                                                          const std::string& name, const std::string& filter) = 0;
 };
 
 class SoundPlayer {

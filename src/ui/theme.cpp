@@ -61,7 +61,7 @@ QTableWidget, QListWidget, QPlainTextEdit { background: #FBF8EC; color: #26251F;
 QTableWidget:focus, QListWidget:focus, QPlainTextEdit:focus { border: 1px solid #E8BE54; }
 QHeaderView::section { background: #E6DCBF; color: #26251F; border: none; border-right: 1px solid #D8CDAE;
     border-bottom: 1px solid #C9BD98; padding: 1px 3px; font-weight: bold; }
-QListWidget::item { padding: 5px 8px; }
+QListWidget::item { padding: 5px 8px; border: none; background: transparent; }
 QListWidget::item:selected { background: #1D4D36; color: #F6F0DD; }
 QToolTip { background: #FBF8EC; color: #26251F; border: 1px solid #C9BD98; }
 QScrollBar:vertical { background: #E6DCBF; width: 12px; }
@@ -69,6 +69,7 @@ QScrollBar::handle:vertical { background: #A99D7C; border-radius: 5px; min-heigh
 QScrollBar::add-line, QScrollBar::sub-line { height: 0; width: 0; }
 QTableWidget#grdScoreBoard { background: #0B2419; color: #F6F0DD; border: 2px solid #3B7A5A; gridline-color: #1E4533; }
 QLabel[role="board"] { background: #0B2419; color: #E8BE54; border-radius: 3px; padding: 3px 12px; font-weight: bold; }
+QLabel[role="drop"] { background: #FBF8EC; color: #26251F; border: 2px dashed #A99D7C; border-radius: 6px; padding: 4px 8px; }
 QLabel[role="small"] { color: #DCE6D2; }
 QLabel[role="bannerline"] { background: #F6F0DD; color: #26251F; border-radius: 4px; padding: 5px 8px; }
 QLabel[role="wait"] { background: #A84E2A; color: #FFFFFF; border-radius: 4px; padding: 4px 10px; font-weight: bold; }

@@ -106,8 +106,13 @@ class ScriptedDialogs : public Dialogs {
     }
     std::optional<std::filesystem::path> OpenFile(const std::string&, const std::filesystem::path&,
                                                   const std::string&) override {
-        return std::nullopt;
+        return file;
     }
+    std::optional<std::filesystem::path> SaveFile(const std::string&, const std::filesystem::path&, const std::string&,
+                                                  const std::string&) override {
+        return file;
+    }
+    std::optional<std::filesystem::path> file;  // what the user picks
     std::vector<std::string> picks;
 };
 

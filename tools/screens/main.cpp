@@ -26,6 +26,9 @@
 #include "ui/frmpreschedgame.h"
 #include "ui/frmprogress2.h"
 #include "ui/frmquickplay.h"
+#include "ui/frmschedreport.h"
+#include "ui/frmschedulelineup.h"
+#include "ui/frmscheduler.h"
 #include "ui/frmseasons.h"
 #include "ui/frmsplash.h"
 #include "ui/icon.h"
@@ -136,6 +139,12 @@ void TakeScheduled(Camera& camera, Session& session) {
     progress.Show(part, "July 19:  a game of that day", false);
     setup.findChild<QStackedWidget*>(QStringLiteral("stkLower"))->setCurrentIndex(1);
     camera.Take(setup, QStringLiteral("frmProgress2"));
+    frmScheduler editor(session, outside.Get());
+    camera.Take(editor, QStringLiteral("frmScheduler"));
+    frmSchedReport report(session);
+    camera.Take(report, QStringLiteral("frmSchedReport"));
+    frmScheduleLineup lineups(session, outside.Get());
+    camera.Take(lineups, QStringLiteral("frmScheduleLineup"));
     GamePtr game;
     QObject::connect(&setup, &frmPreSchedGame::GameReady, [&](const GamePtr& ready) { game = ready; });
     Press(setup, "chkNext", 1);

@@ -30,7 +30,7 @@ Installation::Installation(const Context& context) : paths_(Prepare(context)), c
     EnsureDefensiveEras(common_, paths_.DefensiveErasFile());
 }
 
-Database Installation::OpenSeason(const std::string& name) {
+SeasonEntry Installation::FindSeason(const std::string& name) {
     const auto seasons = ListSeasons(common_);
     const auto found = std::find_if(seasons.begin(), seasons.end(),
                                     [&](const SeasonEntry& s) { return EqualsIgnoreCase(s.LeagueName, name); });
@@ -40,7 +40,19 @@ Database Installation::OpenSeason(const std::string& name) {
         throw UserError(fmt::format("there is no season \"{}\"; {}", name,
                                     names.empty() ? "make one with new-season" : "there are: " + names));
     }
-    Database season(paths_.SeasonFile(found->LeagueName));
+    return *found;
+}
+
+void Installation::Activate(const std::string& name) {
+    const SeasonEntry season = FindSeason(name);
+    Transaction transaction(common_);
+    common_.Execute("UPDATE SeasonsDB SET Active = 0");
+    common_.Execute("UPDATE SeasonsDB SET Active = -1 WHERE LeagueID = ?", {season.LeagueID});
+    transaction.Commit();
+}
+
+Database Installation::OpenSeason(const std::string& name) {
+    Database season(paths_.SeasonFile(FindSeason(name).LeagueName));
     UpgradeSeasonTables(season);
     UpgradeLeagueRules(season);
     return season;

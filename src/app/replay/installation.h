@@ -7,6 +7,7 @@
 #include "commands.h"
 #include "core/database.h"
 #include "core/paths.h"
+#include "data/seasons.h"
 
 namespace tarvane::replay {
 
@@ -19,8 +20,12 @@ class Installation {
     Database& Common() { return common_; }
     // Opens a season by its name, up to date. Throws UserError that lists the seasons there are.
     Database OpenSeason(const std::string& name);
+    // The desktop program opens on this season from now on.
+    void Activate(const std::string& name);
 
   private:
+    SeasonEntry FindSeason(const std::string& name);
+
     DataPaths paths_;
     Database common_;
 };

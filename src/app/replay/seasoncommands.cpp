@@ -90,8 +90,9 @@ int NewSeason(const Context& context, const Options& options) {
     return 0;
 }
 
-int Seasons(const Context& context, const Options&) {
+int Seasons(const Context& context, const Options& options) {
     Installation installation(context);
+    if (const std::string name = options.Text("--activate"); !name.empty()) installation.Activate(name);
     for (const SeasonEntry& season : ListSeasons(installation.Common()))
         fmt::print("{}{}\n", season.LeagueName, season.Active ? "  (active)" : "");
     return 0;
