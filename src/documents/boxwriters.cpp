@@ -55,10 +55,8 @@ std::string BoxScoreHtml(const BoxDocument& box, const DocumentStyle& style) {
         body += "<section>\n<h2>";
         if (!side.logo.empty()) body += fmt::format("<img src=\"{}\" alt=\"\"> ", EscapeHtml(side.logo));
         body += EscapeHtml(side.team) + "</h2>\n" + TableHtml(Batting(side, style), "batting");
-        if (!side.notes.empty()) body += "<dl>\n";
         for (const DocumentNote& note : side.notes)
-            body += fmt::format("<div><dt>{}</dt> <dd>{}</dd></div>\n", EscapeHtml(note.label), EscapeHtml(note.text));
-        if (!side.notes.empty()) body += "</dl>\n";
+            body += fmt::format("<p class=\"note\"><b>{}</b> {}</p>\n", EscapeHtml(note.label), EscapeHtml(note.text));
         body += TableHtml(side.pitching, "pitching") + "</section>\n";
     }
     if (!box.elapsed.empty()) body += fmt::format("<p class=\"elapsed\">{}</p>\n", EscapeHtml(box.elapsed));

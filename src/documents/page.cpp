@@ -28,10 +28,7 @@ tfoot td { border-top: 1px solid #8a3d1e; font-weight: bold; }
 .batting td:nth-child(2), .batting th:nth-child(2) { text-align: left; }
 .pitching { margin-top: .8em; }
 .sheet td:nth-child(n+3) { text-align: center; border-left: 1px solid #d8cdae; min-width: 2.2em; }
-dl { margin: .4em 0; }
-dl div { margin: .1em 0; }
-dt { display: inline; font-weight: bold; }
-dd { display: inline; margin: 0; }
+.note { margin: .1em 0; }
 @media print { body { background: none; margin: 0; max-width: none; font-size: 10pt; }
   section { break-inside: avoid; } tbody tr:nth-child(even) { background: none; } }
 )";
