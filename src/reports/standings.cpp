@@ -122,6 +122,7 @@ std::vector<ReportTable> Standings(Database& season, const StandingsChoice& choi
     } else if (!groups.divisions.empty()) {
         const bool manyLeagues = groups.leagues.size() > 1;
         for (const Division& division : groups.divisions) {
+            if (choice.lgIdx != 0 && division.lgIdx != choice.lgIdx) continue;
             const League* league = LeagueOf(groups, division.lgIdx);
             const std::string title = fmt::format("{} {}", league ? league->lgName : "", division.divName);
             AddGroup(
@@ -132,10 +133,12 @@ std::vector<ReportTable> Standings(Database& season, const StandingsChoice& choi
                 choice, tables);
         }
     } else {
-        for (const League& league : groups.leagues)
+        for (const League& league : groups.leagues) {
+            if (choice.lgIdx != 0 && league.lgIdx != choice.lgIdx) continue;
             AddGroup(
                 league.lgName, teams, [&](const StandingsRow& team) { return team.lgIdx == league.lgIdx; }, choice,
                 tables);
+        }
     }
     return tables;
 }

@@ -11,6 +11,7 @@ namespace tarvane {
 struct StandingsChoice {
     bool expanded = true;    // with the columns Home, Div, Strk and WL10
     bool oneLeague = false;  // all teams in one table, numbered
+    std::int16_t lgIdx = 0;  // groups of this league alone; 0: of all
 };
 
 // One table for each division that has teams; without divisions one for each league; without leagues one for all.
@@ -21,8 +22,9 @@ std::vector<ReportTable> Standings(Database& season, const StandingsChoice& choi
 
 struct TeamVsTeamChoice {
     bool interLeague = false;
-    bool list = false;      // one list instead of tables
-    std::int32_t team = 0;  // TeamIdx: the list is of this team alone; 0: of all
+    bool list = false;       // one list instead of tables
+    std::int32_t team = 0;   // TeamIdx: the list is of this team alone; 0: of all
+    std::int16_t lgIdx = 0;  // tables of this league alone; 0: of all
 };
 
 // Who won how often against whom: a table for each league to be read across for wins, with tables of the teams of one

@@ -43,16 +43,17 @@ ReportTable CrossTable(std::string title, const std::vector<Team>& down, const s
 }
 
 std::vector<ReportTable> CrossTables(const std::vector<Team>& teams, const std::vector<League>& leagues,
-                                     const WinsTable& wins, bool interLeague) {
+                                     const WinsTable& wins, const TeamVsTeamChoice& choice) {
     constexpr const char* kBothWays = "{} (read across for wins, down for losses)";
     if (leagues.size() < 2)
         return {
             CrossTable(fmt::format(kBothWays, leagues.empty() ? "All teams" : leagues[0].lgName), teams, teams, wins)};
     std::vector<ReportTable> tables;
     for (const League& league : leagues) {
+        if (choice.lgIdx != 0 && league.lgIdx != choice.lgIdx) continue;
         const std::vector<Team> down = TeamsOf(teams, league.lgIdx);
         tables.push_back(CrossTable(fmt::format(kBothWays, league.lgName), down, down, wins));
-        if (!interLeague) continue;
+        if (!choice.interLeague) continue;
         for (const League& other : leagues)
             if (other.lgIdx != league.lgIdx)
                 tables.push_back(CrossTable(fmt::format("{} vs {} (read across for wins)", league.lgName, other.lgName),
@@ -89,7 +90,7 @@ std::vector<ReportTable> TeamVersusTeam(Database& season, const TeamVsTeamChoice
     const std::vector<Team> teams = LoadTeamList(season, {});
     const WinsTable wins = ReadWins(season);
     if (choice.list) return {VersusList(teams, wins, choice)};
-    return CrossTables(teams, LoadLeagues(season).leagues, wins, choice.interLeague);
+    return CrossTables(teams, LoadLeagues(season).leagues, wins, choice);
 }
 
 }  // namespace tarvane

@@ -11,7 +11,10 @@
 #include "ui/frmgameover.h"
 #include "ui/frmpreexgame.h"
 #include "ui/frmpreschedgame.h"
+#include "ui/frmleaders.h"
 #include "ui/frmseasons.h"
+#include "ui/frmstandings.h"
+#include "ui/frmteamvsteam.h"
 #include "ui/theme.h"
 #include "ui_frmmain.h"
 
@@ -92,6 +95,10 @@ void frmMain::OpenScreen(MenuScreen screen) {
     switch (screen) {
         case MenuScreen::Seasons: Show(new frmSeasons(seasons_, services_)); break;
         case MenuScreen::PreExGame: OpenExhibition(); break;
+        case MenuScreen::Standings: OpenStored<frmStandings>(); break;
+        case MenuScreen::TeamVsTeam: OpenStored<frmTeamVsTeam>(); break;
+        case MenuScreen::LeadersBatting: OpenStored<frmLeadersBatting>(); break;
+        case MenuScreen::LeadersPitching: OpenStored<frmLeadersPitching>(); break;
         case MenuScreen::Team: OpenStored<frmComputerMgr>(); break;
         case MenuScreen::PreSchedGame: OpenScheduled(); break;
         default: Say(tr("This screen is not built yet.")); break;
@@ -103,7 +110,13 @@ void frmMain::OpenStored() {
     if (seasons_.Store() == nullptr)
         Say(tr("There is no season on the disk to work with."));
     else
-        Show(new StoredScreen(*seasons_.Store(), services_));
+        ShowStored(new StoredScreen(*seasons_.Store(), services_));
+}
+
+void frmMain::ShowStored(Screen* screen) {
+    if (auto* report = qobject_cast<ReportScreen*>(screen))
+        connect(report, &ReportScreen::OpenReport, this, &frmMain::OpenScreen);
+    Show(screen);
 }
 
 void frmMain::Show(Screen* screen) {

@@ -48,6 +48,7 @@ class frmMain : public QMainWindow {
     void Connect(MenuGrid* grid, MenuRow row);
     void Choose(MenuRow row, int column);
     void OpenScreen(MenuScreen screen);
+    void ShowStored(Screen* screen);
     void Show(Screen* screen);
     // A screen over what the open season's database holds.
     template <class StoredScreen>

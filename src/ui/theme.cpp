@@ -38,6 +38,12 @@ QGroupBox::title { subcontrol-origin: margin; left: 8px; padding: 0 4px; }
 QGroupBox:disabled { color: #6F6959; }
 QRadioButton, QCheckBox { color: #26251F; spacing: 6px; font-weight: normal; }
 QCheckBox[role="plain"] { color: #F6F0DD; }
+QCheckBox[role="onfield"] { color: #F6F0DD; }
+QTabBar::tab { background: #2C6448; color: #F6F0DD; border: 1px solid #4C8A69; padding: 6px 16px; }
+QTabBar::tab:selected { background: #F6F0DD; color: #26251F; font-weight: bold; }
+QTabBar:focus { outline: none; }
+QScrollArea, QScrollArea > QWidget > QWidget#page { background: transparent; }
+QTableWidget { alternate-background-color: #F3ECD6; }
 QRadioButton:disabled, QCheckBox:disabled { color: #6F6959; }
 
 QPushButton { background: #F6F0DD; color: #26251F; border: 1px solid #C9BD98; border-radius: 4px; padding: 5px 5px; }

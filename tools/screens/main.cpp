@@ -5,6 +5,7 @@
 #include <fmt/format.h>
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
 #include <QPushButton>
@@ -21,6 +22,7 @@
 #include "ui/frmdocument.h"
 #include "ui/frmgame.h"
 #include "ui/frmgameover.h"
+#include "ui/frmleaders.h"
 #include "ui/frmmain.h"
 #include "ui/frmpreexgame.h"
 #include "ui/frmpreschedgame.h"
@@ -31,6 +33,8 @@
 #include "ui/frmscheduler.h"
 #include "ui/frmseasons.h"
 #include "ui/frmsplash.h"
+#include "ui/frmstandings.h"
+#include "ui/frmteamvsteam.h"
 #include "ui/icon.h"
 #include "ui/storedseasons.h"
 #include "ui/theme.h"
@@ -103,6 +107,16 @@ GamePtr FirstGame(SeasonAccess& seasons) {
 
 // Screens over what a season's database holds.
 void TakeStored(Camera& camera, Session& session, demo::Outside& outside) {
+    frmStandings standings(session, outside.Get());
+    camera.Take(standings, QStringLiteral("frmStandings"));
+    standings.findChild<QCheckBox*>(QStringLiteral("chkExpanded"))->setChecked(true);
+    camera.Take(standings, QStringLiteral("frmStandings-expanded"));
+    frmTeamVsTeam versus(session, outside.Get());
+    camera.Take(versus, QStringLiteral("frmTeamVsTeam"));
+    frmLeadersBatting batting(session, outside.Get());
+    camera.Take(batting, QStringLiteral("frmLeadersBatting"));
+    frmLeadersPitching pitching(session, outside.Get());
+    camera.Take(pitching, QStringLiteral("frmLeadersPitching"));
     frmComputerMgr manager(session, outside.Get());
     camera.Take(manager, QStringLiteral("frmComputerMgr"));
 }

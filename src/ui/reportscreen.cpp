@@ -1,0 +1,191 @@
+#include "ui/reportscreen.h"
+
+#include <QCheckBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QVBoxLayout>
+#include <array>
+
+#include "base/error.h"
+#include "ui/qtext.h"
+#include "ui/theme.h"
+
+namespace tarvane {
+
+namespace {
+
+struct ReportLink {
+    MenuScreen screen;
+    const char* name;
+    const char* text;
+};
+
+constexpr std::array<ReportLink, 4> kLinks{{{MenuScreen::Standings, "lblStandings", "&Standings"},
+                                            {MenuScreen::TeamVsTeam, "lblTeamVsTeam", "&Team Versus Team"},
+                                            {MenuScreen::LeadersBatting, "lblLeadersBatting", "&Batting Leaders"},
+                                            {MenuScreen::LeadersPitching, "lblLeadersPitching", "&Pitching Leaders"}}};
+
+QTableWidget* MakeGrid(const ReportTable& table, QWidget* parent) {
+    const int rows = static_cast<int>(table.rows.size()), columns = static_cast<int>(table.columns.size());
+    auto* grid = new QTableWidget(rows, columns, parent);
+    grid->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    grid->setSelectionBehavior(QAbstractItemView::SelectRows);
+    grid->setSelectionMode(QAbstractItemView::SingleSelection);
+    grid->setShowGrid(false);
+    grid->setAlternatingRowColors(true);
+    grid->verticalHeader()->hide();
+    grid->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    bool heads = false;
+    for (int column = 0; column < columns; ++column) {
+        const ReportColumn& of = table.columns[static_cast<std::size_t>(column)];
+        heads = heads || !of.title.empty();
+        grid->setHorizontalHeaderItem(column, new QTableWidgetItem(QText(of.title)));
+        const auto side = of.format == CellFormat::Text ? Qt::AlignLeft : Qt::AlignRight;
+        grid->horizontalHeaderItem(column)->setTextAlignment(side | Qt::AlignVCenter);
+        for (int row = 0; row < rows; ++row) {
+            const Value& value = table.rows[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)];
+            auto* cell = new QTableWidgetItem(QText(FieldText(value, of.format)));
+            cell->setTextAlignment(side | Qt::AlignVCenter);
+            grid->setItem(row, column, cell);
+        }
+    }
+    grid->horizontalHeader()->setVisible(heads);
+    grid->horizontalHeader()->setHighlightSections(false);
+    grid->horizontalHeader()->setMinimumSectionSize(10);
+    return grid;
+}
+
+}  // namespace
+
+bool IsReport(MenuScreen screen) {
+    for (const ReportLink& link : kLinks)
+        if (link.screen == screen) return true;
+    return false;
+}
+
+ReportScreen::ReportScreen(MenuScreen self, const QString& title, const QString& tabs, Session& session,
+                           Services services, QWidget* parent)
+    : Screen(parent), session_(session), services_(services) {
+    setWindowTitle(title + QStringLiteral(":  ") + QText(SeasonName()) + tr(" Season"));
+    auto* all = new QVBoxLayout(this);
+    all->setContentsMargins(24, 16, 24, 16);
+    header_ = new QLabel(this);
+    header_->setObjectName(QStringLiteral("lblHeader"));
+    header_->setProperty("role", "title");
+    header_->setProperty("fontScale", 1.6);
+    tabs_ = new QTabBar(this);
+    tabs_->setObjectName(tabs);
+    tabs_->hide();
+    auto* head = new QHBoxLayout;
+    head->addWidget(header_, 1);
+    head->addWidget(tabs_);
+    all->addLayout(head);
+    auto* scroll = new QScrollArea(this);
+    scroll->setObjectName(QStringLiteral("scroll"));
+    scroll->setWidgetResizable(true);
+    scroll->setFrameShape(QFrame::NoFrame);
+    page_ = new QWidget(scroll);
+    page_->setObjectName(QStringLiteral("page"));
+    tables_ = new QGridLayout(page_);
+    tables_->setContentsMargins(0, 4, 8, 4);
+    tables_->setHorizontalSpacing(22);
+    scroll->setWidget(page_);
+    all->addWidget(scroll, 1);
+    auto* foot = new QHBoxLayout;
+    options_ = new QHBoxLayout;
+    foot->addLayout(options_);
+    foot->addStretch(1);
+    AddLinks(self, *foot);
+    all->addLayout(foot);
+    connect(tabs_, &QTabBar::currentChanged, this, [this] { Refill(); });
+}
+
+void ReportScreen::AddLinks(MenuScreen self, QBoxLayout& row) {
+    for (const ReportLink& link : kLinks) {
+        if (link.screen == self) continue;
+        auto* button = new QPushButton(QString::fromLatin1(link.text), this);
+        button->setObjectName(QString::fromLatin1(link.name));
+        button->setProperty("role", "quiet");
+        connect(button, &QPushButton::clicked, this, [this, screen = link.screen] { Q_EMIT OpenReport(screen); });
+        row.addWidget(button);
+    }
+    auto* close = new QPushButton(tr("&Close Window"), this);
+    close->setObjectName(QStringLiteral("cmdCancel"));
+    connect(close, &QPushButton::clicked, this, &QWidget::close);
+    row.addWidget(close);
+}
+
+QCheckBox* ReportScreen::AddOption(const QString& name, const QString& text) {
+    auto* box = new QCheckBox(text, this);
+    box->setObjectName(name);
+    box->setProperty("role", "onfield");
+    options_->addWidget(box);
+    connect(box, &QCheckBox::toggled, this, [this] { Refill(); });
+    return box;
+}
+
+void ReportScreen::SetHeader(const std::string& text) {
+    header_->setText(QText(text));
+}
+
+void ReportScreen::Refill() {
+    try {
+        Fill();
+    } catch (const UserError& failure) {
+        services_.dialogs.Warn(failure.what(), windowTitle().toStdString());
+    }
+}
+
+void ReportScreen::ShowTables(const std::vector<ReportTable>& tables, int abreast, const QString& grid,
+                              const QString& label) {
+    grids_.clear();
+    while (QLayoutItem* item = tables_->takeAt(0)) {
+        delete item->widget();
+        delete item;
+    }
+    int place = 0;
+    for (const ReportTable& table : tables) {
+        auto* heading = new QLabel(QText(table.title), page_);
+        heading->setObjectName(label + QString::number(place));
+        heading->setProperty("role", "caption");
+        heading->setProperty("fontScale", 1.1);
+        QTableWidget* shown = MakeGrid(table, page_);
+        shown->setObjectName(grid + QString::number(place));
+        shown->setAccessibleName(heading->text());
+        const int row = 2 * (place / abreast), column = place % abreast;
+        tables_->addWidget(heading, row, column);
+        tables_->addWidget(shown, row + 1, column, Qt::AlignTop);
+        grids_.push_back(shown);
+        ++place;
+    }
+    for (int column = 0; column < tables_->columnCount(); ++column)
+        tables_->setColumnStretch(column, column < abreast ? 1 : 0);
+    for (int row = 0; row <= tables_->rowCount(); ++row) tables_->setRowStretch(row, 0);
+    tables_->setRowStretch(tables_->rowCount(), 1);
+    FitTables();
+}
+
+// Rows for the height of the text; the first column takes what the others leave.
+void ReportScreen::FitTables() {
+    const double pixels = TextPixels(width(), height());
+    ScaleFonts(*this, pixels);
+    for (QTableWidget* grid : grids_) {
+        grid->verticalHeader()->setDefaultSectionSize(static_cast<int>(pixels * 1.55));
+        for (int column = 0; column < grid->columnCount(); ++column)
+            grid->horizontalHeader()->setSectionResizeMode(
+                column, column == 0 ? QHeaderView::Stretch : QHeaderView::ResizeToContents);
+        const int head = grid->horizontalHeader()->isHidden() ? 0 : static_cast<int>(pixels * 1.9);
+        grid->horizontalHeader()->setFixedHeight(std::max(head, 1));
+        grid->setFixedHeight(head + static_cast<int>(pixels * 1.55) * grid->rowCount() + 2 * grid->frameWidth() + 2);
+    }
+}
+
+void ReportScreen::resizeEvent(QResizeEvent* event) {
+    Screen::resizeEvent(event);
+    FitTables();
+}
+
+}  // namespace tarvane
