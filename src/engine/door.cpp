@@ -130,6 +130,7 @@ void TakeDecision(Step& step, const DecisionInput& answer) {
 void TakeWalk(Step& step, const IntentionalWalkInput& walk) {
     step.play().values = walk.values;
     step.play().Notes = 0;
+    step.play().ChartRoll = 0;  // no chart is read: what the play is told by
     WalkIntentionally(step);
 }
 

@@ -275,7 +275,7 @@ void EndPitcherSheet(Step& step) {
     Play& play = step.play();
     play.StealHomeTried = false;
     if (!play.NarrationDone) {
-        step.Narrate(Tag::PitcherThrow);
+        if (play.ChartRoll != 0) step.Narrate(Tag::PitcherThrow);
         step.Sound();
         // Every ball in play is placed: the put-outs and assists of the box score hang on it.
         if (play.PlayResult != Result::K && !IsFreePitch(play.PlayResult)) {

@@ -31,6 +31,9 @@ class frmMain : public QMainWindow {
     // A picture of the user's own for the top of the menu.
     void SetPicture(const QString& file);
 
+    // The screen of a command, in place of the one that is open.
+    void OpenScreen(MenuScreen screen);
+
     // The screen now open above the menu, or nothing.
     Screen* Open() const { return open_; }
 
@@ -47,7 +50,6 @@ class frmMain : public QMainWindow {
   private:
     void Connect(MenuGrid* grid, MenuRow row);
     void Choose(MenuRow row, int column);
-    void OpenScreen(MenuScreen screen);
     void ShowStored(Screen* screen);
     void Show(Screen* screen);
     // A screen over what the open season's database holds.

@@ -45,8 +45,8 @@ void frmTeamVsTeam::Fill() {
     teams_->setVisible(choice.list);
     SetHeader(SeasonName() + " Team vs Team");
     ShowTables(TeamVersusTeam(Season(), choice), 1,
-               choice.list ? QStringLiteral("grdReport") : QStringLiteral("grdTeamVsTeam"),
-               QStringLiteral("lblLeague"));
+               choice.list ? QStringLiteral("grdReport") : QStringLiteral("grdTeamVsTeam"), QStringLiteral("lblLeague"),
+               choice.list ? ReportShape::List : ReportShape::Matrix);
 }
 
 }  // namespace tarvane

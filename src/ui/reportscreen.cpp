@@ -121,7 +121,7 @@ void ReportScreen::AddLinks(MenuScreen self, QBoxLayout& row) {
 QCheckBox* ReportScreen::AddOption(const QString& name, const QString& text) {
     auto* box = new QCheckBox(text, this);
     box->setObjectName(name);
-    box->setProperty("role", "onfield");
+    box->setProperty("role", "plain");
     options_->addWidget(box);
     connect(box, &QCheckBox::toggled, this, [this] { Refill(); });
     return box;
@@ -140,7 +140,7 @@ void ReportScreen::Refill() {
 }
 
 void ReportScreen::ShowTables(const std::vector<ReportTable>& tables, int abreast, const QString& grid,
-                              const QString& label) {
+                              const QString& label, ReportShape shape) {
     grids_.clear();
     while (QLayoutItem* item = tables_->takeAt(0)) {
         delete item->widget();
@@ -154,6 +154,7 @@ void ReportScreen::ShowTables(const std::vector<ReportTable>& tables, int abreas
         heading->setProperty("fontScale", 1.1);
         QTableWidget* shown = MakeGrid(table, page_);
         shown->setObjectName(grid + QString::number(place));
+        shown->setProperty("matrix", shape == ReportShape::Matrix);
         shown->setAccessibleName(heading->text());
         const int row = 2 * (place / abreast), column = place % abreast;
         tables_->addWidget(heading, row, column);
@@ -163,20 +164,27 @@ void ReportScreen::ShowTables(const std::vector<ReportTable>& tables, int abreas
     }
     for (int column = 0; column < tables_->columnCount(); ++column)
         tables_->setColumnStretch(column, column < abreast ? 1 : 0);
-    for (int row = 0; row <= tables_->rowCount(); ++row) tables_->setRowStretch(row, 0);
-    tables_->setRowStretch(tables_->rowCount(), 1);
+    // Setting the stretch of a row makes the row.
+    const int used = 2 * ((place + abreast - 1) / abreast), known = tables_->rowCount();
+    for (int row = 0; row < std::max(known, used + 1); ++row) tables_->setRowStretch(row, row == used ? 1 : 0);
     FitTables();
 }
 
-// Rows for the height of the text; the first column takes what the others leave.
+// Rows for the height of the text; the first column takes what the others leave. A matrix has no such column: there all
+// are alike.
 void ReportScreen::FitTables() {
     const double pixels = TextPixels(width(), height());
     ScaleFonts(*this, pixels);
     for (QTableWidget* grid : grids_) {
         grid->verticalHeader()->setDefaultSectionSize(static_cast<int>(pixels * 1.55));
-        for (int column = 0; column < grid->columnCount(); ++column)
-            grid->horizontalHeader()->setSectionResizeMode(
-                column, column == 0 ? QHeaderView::Stretch : QHeaderView::ResizeToContents);
+        const bool matrix = grid->property("matrix").toBool();
+        QHeaderView& columns = *grid->horizontalHeader();
+        for (int column = 0; column < grid->columnCount(); ++column) {
+            columns.setSectionResizeMode(column, column == 0 || matrix ? QHeaderView::Stretch : QHeaderView::Fixed);
+            const int wanted = std::max(static_cast<const QAbstractItemView*>(grid)->sizeHintForColumn(column),
+                                        columns.sectionSizeHint(column));
+            if (column > 0 && !matrix) columns.resizeSection(column, wanted + static_cast<int>(pixels * 0.5));
+        }
         const int head = grid->horizontalHeader()->isHidden() ? 0 : static_cast<int>(pixels * 1.9);
         grid->horizontalHeader()->setFixedHeight(std::max(head, 1));
         grid->setFixedHeight(head + static_cast<int>(pixels * 1.55) * grid->rowCount() + 2 * grid->frameWidth() + 2);

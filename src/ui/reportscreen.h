@@ -17,6 +17,9 @@ class QLabel;
 
 namespace tarvane {
 
+// A list begins with names, a matrix is columns of one kind.
+enum class ReportShape { List, Matrix };
+
 // What the report screens share: a heading, tabs for the leagues, a row of options, the tables of the report under
 // their headings, and links to the other reports.
 class ReportScreen : public Screen {
@@ -36,7 +39,8 @@ class ReportScreen : public Screen {
     void Refill();
 
     // The tables under their headings, so many side by side; grids and headings are named with their places behind.
-    void ShowTables(const std::vector<ReportTable>& tables, int abreast, const QString& grid, const QString& label);
+    void ShowTables(const std::vector<ReportTable>& tables, int abreast, const QString& grid, const QString& label,
+                    ReportShape shape = ReportShape::List);
     void SetHeader(const std::string& text);
     // A box beside the links whose changes fill the report anew.
     QCheckBox* AddOption(const QString& name, const QString& text);

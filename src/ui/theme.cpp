@@ -2,7 +2,8 @@
 
 #include <QApplication>
 #include <QPalette>
-#include <QStyleFactory>
+#include <QProxyStyle>
+#include <QStyleOptionButton>
 #include <QVariant>
 #include <QWidget>
 #include <algorithm>
@@ -38,7 +39,6 @@ QGroupBox::title { subcontrol-origin: margin; left: 8px; padding: 0 4px; }
 QGroupBox:disabled { color: #6F6959; }
 QRadioButton, QCheckBox { color: #26251F; spacing: 6px; font-weight: normal; }
 QCheckBox[role="plain"] { color: #F6F0DD; }
-QCheckBox[role="onfield"] { color: #F6F0DD; }
 QTabBar::tab { background: #2C6448; color: #F6F0DD; border: 1px solid #4C8A69; padding: 6px 16px; }
 QTabBar::tab:selected { background: #F6F0DD; color: #26251F; font-weight: bold; }
 QTabBar:focus { outline: none; }
@@ -109,10 +109,24 @@ QPalette HousePalette() {
     return palette;
 }
 
+// Text on the dark ground is light, the tick in its light box must not be.
+class HouseStyle : public QProxyStyle {
+  public:
+    HouseStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override {
+        if (element != PE_IndicatorCheckBox) return QProxyStyle::drawPrimitive(element, option, painter, widget);
+        QStyleOptionButton box;
+        box.QStyleOption::operator=(*option);
+        box.palette.setColor(QPalette::Text, theme::kInk);
+        QProxyStyle::drawPrimitive(element, &box, painter, widget);
+    }
+};
+
 }  // namespace
 
 void ApplyTheme(QApplication& application) {
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setStyle(new HouseStyle);
     QApplication::setPalette(HousePalette());
     QApplication::setWindowIcon(HouseIcon());
     application.setStyleSheet(QString::fromLatin1(kStyleSheet));

@@ -50,7 +50,10 @@ class Camera {
     // A picture of the widget in both sizes.
     void Take(QWidget& screen, const QString& name) {
         for (const QSize& size : {QSize(1024, 768), QSize(1920, 1080)}) {
-            screen.resize(size);
+            for (int pass = 0; pass < 2; ++pass) {  // smaller letters let it shrink further
+                screen.resize(size);
+                QApplication::processEvents();
+            }
             TakeAsIs(screen, QStringLiteral("%1-%2x%3").arg(name).arg(size.width()).arg(size.height()));
         }
         screen.hide();
