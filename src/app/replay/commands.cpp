@@ -81,6 +81,16 @@ const std::vector<Command>& Commands() {
          "Two seasons of the same hash hold the same rows.",
          {},
          ShowHash},
+        {"audit",
+         "NAME",
+         1,
+         "hold a season's books against each other",
+         "Teams, players, logs, fielding and schedule, the two sides of each game, splits, rates, rest and streaks "
+         "must "
+         "say\n"
+         "the same. What doesn't is printed, and the exit code is 1.",
+         {},
+         Audit},
         {"chart",
          "NAME",
          1,

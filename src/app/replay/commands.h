@@ -35,6 +35,7 @@ int Rates(const Context&, const Options&);
 int PlaySeason(const Context&, const Options&);
 int ShowBox(const Context&, const Options&);
 int ShowHash(const Context&, const Options&);
+int Audit(const Context&, const Options&);
 int SampleLeague(const Context&, const Options&);
 int ImportScheduleFile(const Context&, const Options&);
 int MakeSchedule(const Context&, const Options&);
