@@ -50,6 +50,7 @@ struct ParkFigures {
     std::string teamID;
     double homeGames = 0, roadGames = 0, homeRuns = 0, roadRuns = 0, homeAB = 0, roadAB = 0, homeHR = 0, roadHR = 0;
     double homeRunsSquared = 0, roadRunsSquared = 0;  // sums over games, for the noise of a mean
+    std::map<std::string, double> roadGamesAt;        // by the host
 };
 
 struct SeasonFigures {
@@ -66,6 +67,7 @@ struct SeasonFigures {
 // appearances have is left empty; the strikeouts of batters are then those of the pitchers. Starters' innings are
 // estimated (EstimateStarterOuts). Throws UserError if the season holds no real statistics.
 SeasonFigures ReadRealFigures(Database& season);
+bool HasRealFigures(Database& season);
 inline constexpr double kRecordedShare = 0.97;
 
 // What the posted games of the season add up to. Throws UserError if none has been played.

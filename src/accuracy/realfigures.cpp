@@ -65,6 +65,7 @@ class RealReader {
         if (figures_.batters.empty())
             throw UserError("this season holds no real statistics to compare with; import it from a Lahman database");
         NameMen(season);
+        ReadRecords(season);
     }
     SeasonFigures Take() { return std::move(figures_); }
 
@@ -138,6 +139,15 @@ class RealReader {
             counts[Figure::StarterOuts] = *outs * counts.Of(Figure::Games);
     }
 
+    void ReadRecords(Database& season) {
+        Statement row = season.Prepare("SELECT teamID, ActualWins, ActualLosses FROM KorvTeams");
+        while (row.Step()) {
+            TeamFigures& team = figures_.teams[teams_.Find(row.Text(0))->team];
+            team.W = row.Double(1);
+            team.L = row.Double(2);
+        }
+    }
+
     // Names and hands as the season's rosters have them.
     void NameMen(Database& season) {
         Statement batters = season.Prepare("SELECT LahmanPlayerID, teamID, playerName, bats FROM KorvBatters");
@@ -163,6 +173,10 @@ class RealReader {
 
 SeasonFigures ReadRealFigures(Database& season) {
     return RealReader(season).Take();
+}
+
+bool HasRealFigures(Database& season) {
+    return season.Prepare("SELECT 1 FROM LahmanBatting LIMIT 1").Step();
 }
 
 std::optional<double> EstimateStarterOuts(const std::vector<SeasonLine>& lines) {

@@ -133,6 +133,7 @@ class ReplayReader {
             ParkFigures& away = figures_.parks[visitor->team];
             away.roadGames += 1, away.roadRuns += runs, away.roadRunsSquared += runs * runs;
             away.roadAB += AB, away.roadHR += HR;
+            away.roadGamesAt[at.teamID] += 1;
         }
     }
 

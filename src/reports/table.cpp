@@ -176,7 +176,11 @@ std::string FieldText(const Value& cell, CellFormat format) {
     if (std::holds_alternative<std::monostate>(cell)) return {};
     switch (format) {
         case CellFormat::Rate: return RateText(NumberOf(cell));
+        case CellFormat::Fixed1: return Decimals(NumberOf(cell), 1);
         case CellFormat::Fixed2: return Decimals(NumberOf(cell), 2);
+        case CellFormat::Fixed3: return Decimals(NumberOf(cell), 3);
+        case CellFormat::Fixed4: return Decimals(NumberOf(cell), 4);
+        case CellFormat::Percent: return fmt::format("{:+.1f} %", NumberOf(cell) * 100);
         case CellFormat::Innings: return InningsText(static_cast<std::int64_t>(NumberOf(cell)));
         default: return PlainText(cell);
     }

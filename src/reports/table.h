@@ -15,7 +15,11 @@ enum class CellFormat {
     Record,   // a text that stands right: "40-37", "W3"
     Whole,    // 12
     Rate,     // .275, 1.000: three places, no 0 in front
+    Fixed1,   // 87.4
     Fixed2,   // 3.25
+    Fixed3,   // 0.873
+    Fixed4,   // 0.0231
+    Percent,  // the cell is a share off: 0.013 is +1.3 %
     Halves,   // 2, 1.5
     Innings,  // the cell is outs: 646 is 215.1
 };

@@ -32,6 +32,7 @@ int PlayGame(const Context&, const Options&);
 int ShowChart(const Context&, const Options&);
 int Bench(const Context&, const Options&);
 int Rates(const Context&, const Options&);
+int CompareSeason(const Context&, const Options&);
 int PlaySeason(const Context&, const Options&);
 int ShowBox(const Context&, const Options&);
 int ShowHash(const Context&, const Options&);

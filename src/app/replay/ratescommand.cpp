@@ -5,6 +5,7 @@
 #include <chrono>
 #include <string>
 
+#include "accuracy/figures.h"
 #include "base/error.h"
 #include "installation.h"
 #include "season/gametally.h"
@@ -17,36 +18,15 @@ namespace {
 constexpr long kRatedGames = 2000;
 constexpr int kRotations = 4;  // starters tried for each pairing
 
-struct RealSeason {
-    double teamGames = 0;
-    std::int64_t SB = 0, CS = 0, SH = 0, SF = 0, GIDP = 0, AB = 0, H = 0, Doubles = 0, Triples = 0, HR = 0, BB = 0,
-                 IBB = 0, SO = 0, HBP = 0, R = 0, E = 0, PB = 0, G = 0, GS = 0, CG = 0, SV = 0, SHO = 0, ER = 0,
-                 IPouts = 0;
-};
-
-RealSeason ReadReal(Database& season) {
-    RealSeason real;
-    Statement batting = season.Prepare(
-        "SELECT sum(SB), sum(CS), sum(SH), sum(SF), sum(GIDP), sum(AB), sum(H), sum(\"2B\"), sum(\"3B\"), sum(HR), "
-        "sum(BB), "
-        "sum(IBB), sum(SO), sum(HBP), sum(R) FROM LahmanBatting");
-    batting.Step();
-    int column = 0;
-    for (std::int64_t* sum : {&real.SB, &real.CS, &real.SH, &real.SF, &real.GIDP, &real.AB, &real.H, &real.Doubles,
-                              &real.Triples, &real.HR, &real.BB, &real.IBB, &real.SO, &real.HBP, &real.R})
-        *sum = batting.Int(column++);
-    Statement pitching =
-        season.Prepare("SELECT sum(G), sum(GS), sum(CG), sum(SV), sum(SHO), sum(ER), sum(IPouts) FROM LahmanPitching");
-    pitching.Step();
-    column = 0;
-    for (std::int64_t* sum : {&real.G, &real.GS, &real.CG, &real.SV, &real.SHO, &real.ER, &real.IPouts})
-        *sum = pitching.Int(column++);
-    Statement fielding = season.Prepare("SELECT sum(E), sum(PB) FROM LahmanFielding");
-    fielding.Step();
-    real.E = fielding.Int(0);
-    real.PB = fielding.Int(1);
-    real.teamGames = static_cast<double>(real.GS);
-    return real;
+// Both leagues together; all empty if the season holds no real statistics.
+Counts RealCounts(Database& season) {
+    Counts sums;
+    if (!HasRealFigures(season)) return sums;
+    for (const LeagueFigures& league : ReadRealFigures(season).leagues)
+        for (std::size_t i = 0; i < kCounts; ++i)
+            if (const auto figure = static_cast<Figure>(i); league.counts[figure])
+                sums.Add(figure, league.counts.Of(figure));
+    return sums;
 }
 
 void PrintRow(std::string_view what, double replay, double real) {
@@ -54,40 +34,41 @@ void PrintRow(std::string_view what, double replay, double real) {
                real > 0 ? fmt::format("{:.2f}", replay / real) : "");
 }
 
-void PrintRates(const GameTally& t, const RealSeason& r) {
-    const auto games = static_cast<double>(t.games);
-    const auto row = [&](std::string_view what, long replay, std::int64_t real) {
-        PrintRow(what, static_cast<double>(replay) / games,
-                 r.teamGames > 0 ? static_cast<double>(real) / r.teamGames : 0);
-    };
+void PrintRates(const GameTally& t, const Counts& real) {
+    constexpr std::pair<std::string_view, Figure> kRows[] = {{"R", Figure::R},
+                                                             {"AB", Figure::AB},
+                                                             {"H", Figure::H},
+                                                             {"2B", Figure::Doubles},
+                                                             {"3B", Figure::Triples},
+                                                             {"HR", Figure::HR},
+                                                             {"BB (real less IBB)", Figure::BB},
+                                                             {"SO", Figure::SO},
+                                                             {"HBP", Figure::HBP},
+                                                             {"SB", Figure::SB},
+                                                             {"CS", Figure::CS},
+                                                             {"SH", Figure::SH},
+                                                             {"SF", Figure::SF},
+                                                             {"GIDP", Figure::GIDP},
+                                                             {"E", Figure::E},
+                                                             {"PB", Figure::PB},
+                                                             {"pitchers used", Figure::Pitchers},
+                                                             {"complete games", Figure::CG},
+                                                             {"saves", Figure::SV}};
+    const Counts replay = CountsOf(t);
     fmt::print("{:<22}{:>10}{:>10}{:>8}\n", "a team and game", "replay", "real", "ratio");
-    row("R", t.R, r.R);
-    row("AB", t.AB, r.AB);
-    row("H", t.H, r.H);
-    row("2B", t.Doubles, r.Doubles);
-    row("3B", t.Triples, r.Triples);
-    row("HR", t.HR, r.HR);
-    row("BB (real less IBB)", t.BB, r.BB - r.IBB);
-    row("SO", t.SO, r.SO);
-    row("HBP", t.HBP, r.HBP);
-    row("SB", t.SB, r.SB);
-    row("CS", t.CS, r.CS);
-    row("SH", t.SH, r.SH);
-    row("SF", t.SF, r.SF);
-    row("GIDP", t.GIDP, r.GIDP);
-    row("E", t.E, r.E);
-    row("PB", t.PB, r.PB);
-    row("pitchers used", t.PitchersUsed, r.G);
-    row("complete games", t.CG, r.CG);
-    row("saves", t.SV, r.SV);
-    row("shutouts", t.SHO, r.SHO);
-    row("ER", t.ER, r.ER);
-    const auto alone = [&](std::string_view what, double value) { fmt::print("{:<22}{:>10.3f}\n", what, value); };
-    alone("pinch hitters", static_cast<double>(t.PinchHitters) / games);
-    alone("pinch runners", static_cast<double>(t.PinchRunners) / games);
-    alone("injuries", static_cast<double>(t.Injuries) / games);
-    alone("starters' innings", static_cast<double>(t.StarterOuts) / games / 3);
-    alone("home wins", static_cast<double>(t.HomeWins) / games * 2);
+    for (const auto& [name, figure] : kRows)
+        PrintRow(name, replay.Of(figure) / replay.Of(Figure::Games),
+                 real.Of(Figure::Games) > 0 ? real.Of(figure) / real.Of(Figure::Games) : 0);
+    const auto alone = [&](std::string_view what, long count, double per) {
+        fmt::print("{:<22}{:>10.3f}\n", what, static_cast<double>(count) / static_cast<double>(t.games) / per);
+    };
+    alone("ER", t.ER, 1);
+    alone("shutouts", t.SHO, 1);
+    alone("pinch hitters", t.PinchHitters, 1);
+    alone("pinch runners", t.PinchRunners, 1);
+    alone("injuries", t.Injuries, 1);
+    alone("starters' innings", t.StarterOuts, 3);
+    alone("home wins", t.HomeWins, 0.5);
     fmt::print("{:<22}{:>10}\n", "longest game", t.LongestGame);
 }
 
@@ -142,7 +123,7 @@ int Rates(const Context& context, const Options& options) {
         }
     }
     const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-    PrintRates(tally, ReadReal(season));
+    PrintRates(tally, RealCounts(season));
     fmt::print(stderr, "{} games in {:.1f} s\n", tally.games / 2, seconds);
     return 0;
 }

@@ -1,0 +1,116 @@
+#include "accuracy/comparison.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "accuracy/comparisontables.h"
+#include "base/random.h"
+
+namespace tarvane {
+namespace {
+
+TEST(Noise, IsThatOfDiceWithTheRealChance) {
+    // .250 over 400 at bats: sqrt(.25 * .75 / 400) is .02165, and .275 lies .025 above.
+    EXPECT_NEAR(NoiseScore(100, 400, 110, 400), 0.025 / 0.0216506, 1e-4);
+    EXPECT_NEAR(NoiseScore(100, 400, 25, 100), 0, 1e-12);
+    EXPECT_NEAR(NoiseScore(0, 400, 2, 400), 0.005 / std::sqrt(0.00125 * 0.99875 / 400), 1e-9);
+    EXPECT_EQ(NoiseScore(100, 400, 0, 0), 0);
+    const Estimate estimate = MeanOf({1, 2, 3, 4});
+    EXPECT_EQ(estimate.mean, 2.5);
+    EXPECT_NEAR(estimate.error, std::sqrt(5.0 / 3 / 4), 1e-12);
+    EXPECT_EQ(MeanOf({7}).error, 0);
+}
+
+constexpr std::size_t kMen = 400, kReplays = 3;
+constexpr double kTrials = 500;
+
+SeasonFigures Season(int year) {
+    SeasonFigures figures;
+    figures.year = year;
+    figures.leagues = {{1, "League", {}}};
+    figures.teams = {{"X", "Team X", 1, 160, 90, 70, 800, 700}, {"Y", "Team Y", 1, 160, 70, 90, 700, 800}};
+    figures.leagues[0].counts[Figure::Games] = 320;
+    figures.leagues[0].counts[Figure::R] = 1500;
+    return figures;
+}
+
+// Men of many averages whose replays are drawn with exactly these chances, each shifted by so much noise.
+std::pair<SeasonFigures, std::vector<SeasonFigures>> MenAndDice(double shift) {
+    SeasonFigures real = Season(1975);
+    std::vector<SeasonFigures> replays(kReplays, Season(1975));
+    Random dice(5);
+    for (std::size_t man = 0; man < kMen; ++man) {
+        const ManKey key{"man" + std::to_string(man), "X"};
+        const auto hits = static_cast<double>(100 + man % 60);
+        real.batters[key].total = {.AB = kTrials, .H = hits};
+        const double chance = hits / kTrials, noise = std::sqrt(chance * (1 - chance) / kTrials);
+        for (SeasonFigures& replay : replays) {
+            BattingFigures& now = replay.batters[key].total;
+            now.AB = kTrials;
+            for (int i = 0; i < kTrials; ++i) now.H += dice.Below(1'000'000) < (chance + shift * noise) * 1e6 ? 1 : 0;
+        }
+    }
+    return {real, replays};
+}
+
+const SpreadComparison& Averages(const Comparison& comparison) {
+    return comparison.spreads.front();
+}
+
+TEST(Players, WhoseDiceHaveTheRealChancesSpreadByOneAndOthersAreTold) {
+    const auto [real, fair] = MenAndDice(0);
+    const Comparison good = Compare(real, fair, {});
+    EXPECT_EQ(Averages(good).what, "AVG");
+    EXPECT_EQ(Averages(good).points.size(), kMen);
+    EXPECT_NEAR(Averages(good).spread.deviation, 1, 0.05);
+    EXPECT_NEAR(Averages(good).spread.mean, 0, 0.08);
+    EXPECT_NE(Averages(good).Judge(), Verdict::Fail);
+
+    const auto [same, shifted] = MenAndDice(0.5);
+    const Comparison bad = Compare(same, shifted, {});
+    EXPECT_NEAR(Averages(bad).spread.mean, 0.5, 0.08);
+    EXPECT_EQ(Averages(bad).Judge(), Verdict::Fail);
+}
+
+TEST(Clubs, AreComparedPerGameAndAtTheirRealDecisions) {
+    const SeasonFigures real = Season(1975);
+    SeasonFigures replay = Season(1975);
+    replay.teams[0] = {"X", "Team X", 1, 80, 50, 30, 440, 350};  // runs 10 % up; 100 of 160
+    replay.teams[1] = {"Y", "Team Y", 1, 80, 30, 50, 350, 440};
+    replay.leagues[0].counts[Figure::Games] = 160;
+    replay.leagues[0].counts[Figure::R] = 790;
+    const Comparison comparison = Compare(real, {replay}, {});
+    EXPECT_NEAR(comparison.teams[0].replayW.mean, 100, 1e-9);
+    EXPECT_NEAR(comparison.winsError, 10, 1e-9);
+    EXPECT_NEAR(comparison.runsError, 0.1 / std::sqrt(2.0), 1e-9);  // for and against: one of two off
+    for (const RateComparison& row : comparison.rates) {
+        if (row.rate->figure == Figure::R)
+            EXPECT_NEAR(*row.Off(), 790.0 / 160 / (1500.0 / 320) - 1, 1e-9);
+        else
+            EXPECT_EQ(row.Judge(), Verdict::None) << row.rate->name;  // nothing was recorded
+    }
+}
+
+TEST(Parks, AreMeasuredAgainstThoseThatTheClubVisits) {
+    SeasonFigures replay = Season(1975);
+    Counts& counts = replay.leagues[0].counts;
+    counts[Figure::AB] = 1000, counts[Figure::Singles] = 180, counts[Figure::HR] = 20;
+    const auto park = [](const char* home, const char* away, double HR, double roadHR) {
+        return ParkFigures{home, 80, 80, 640, 640, 5000, 5000, HR, roadHR, 6400, 6400, {{away, 80}}};
+    };
+    replay.parks = {park("X", "Y", 150, 75), park("Y", "X", 75, 150)};
+    std::map<std::string, ParkFactor> factors;
+    factors["X"].HR = 1.4, factors["Y"].HR = 0.7;
+    const Comparison comparison = Compare(Season(1975), {replay, replay}, factors);
+    ASSERT_EQ(comparison.parks.size(), 2U);
+    EXPECT_NEAR(comparison.parks[0].HR.expected, 2, 1e-9);
+    EXPECT_NEAR(comparison.parks[0].HR.replay, 2, 1e-9);
+    EXPECT_NEAR(comparison.parks[0].HR.score, 0, 1e-9);
+    EXPECT_GT(comparison.parks[0].runs.expected, 1);
+    EXPECT_LT(comparison.parks[0].runs.score, 0);  // as many runs here as there
+}
+
+}  // namespace
+}  // namespace tarvane
