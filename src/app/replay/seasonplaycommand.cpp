@@ -6,6 +6,7 @@
 #include <chrono>
 #include <csignal>
 #include <cstdio>
+#include <ctime>
 #include <optional>
 
 #include "base/error.h"
@@ -86,7 +87,7 @@ class TerminalWatcher final : public SeasonWatcher {
         posting.resultsFile2 = names.scoreSheet;
     }
     void Posted(const ScheduledGame& game, const GameSetup&, const GameState&, const PostingReport& report) override {
-        posted_.push_back(SteadyClock::now());
+        spent_.push_back(std::clock());
         for (const std::string& message : report.messages) {
             Clear();
             fmt::print(stderr, "game {}: {}\n", game.GameID, message);
@@ -97,16 +98,17 @@ class TerminalWatcher final : public SeasonWatcher {
         std::fflush(stderr);
     }
 
-    // Whether games grow dearer as the season fills: the speed over the first and the last of a long run.
+    // Whether games grow dearer as the season fills: processor time, which other programs don't disturb.
     void PrintEnds() const {
         constexpr std::size_t kEnd = 200;
-        if (posted_.size() <= 2 * kEnd) return;
-        const auto speed = [this](std::size_t from, std::size_t to) {
-            return static_cast<double>(to - from) / std::chrono::duration<double>(posted_[to] - posted_[from]).count();
+        if (spent_.size() <= 2 * kEnd) return;
+        const auto cost = [this](std::size_t from, std::size_t to) {
+            return 1000.0 * static_cast<double>(spent_[to] - spent_[from]) / CLOCKS_PER_SEC /
+                   static_cast<double>(to - from);
         };
-        const std::size_t last = posted_.size() - 1;
-        fmt::print("first {0} games: {1:.0f} a second, last {0}: {2:.0f}\n", kEnd, speed(0, kEnd),
-                   speed(last - kEnd, last));
+        const std::size_t last = spent_.size() - 1;
+        fmt::print("a game took {1:.2f} ms of processor time among the first {0}, {2:.2f} ms among the last\n", kEnd,
+                   cost(0, kEnd), cost(last - kEnd, last));
     }
 
   private:
@@ -126,7 +128,7 @@ class TerminalWatcher final : public SeasonWatcher {
     ScoreSheet sheet_;
     bool terminal_;
     SteadyClock::time_point start_, shown_;
-    std::vector<SteadyClock::time_point> posted_;
+    std::vector<std::clock_t> spent_;  // processor time when each game was posted
 };
 
 void RefuseEmptySchedule(Database& season, const std::string& name) {
