@@ -27,13 +27,17 @@ bool SeasonWatcher::GoOn(const ScheduledGame&, long, long) {
 void SeasonWatcher::GameOver(const GameSetup&, const GameState&, GameToPost&) {}
 void SeasonWatcher::Posted(const ScheduledGame&, const GameSetup&, const GameState&, const PostingReport&) {}
 
+void CheckRun(const SeasonRun& run) {
+    if (!run.through.empty() && !DayCount(run.through))
+        throw UserError(fmt::format("\"{}\" is no date: write yyyy-mm-dd.", run.through));
+}
+
 SeasonPlayer::SeasonPlayer(Database& common, Database& season, std::filesystem::path images)
     : common_(common), season_(season), images_(std::move(images)) {}
 SeasonPlayer::~SeasonPlayer() = default;
 
 SeasonRunResult SeasonPlayer::Run(const SeasonRun& run, SeasonWatcher& watcher) {
-    if (!run.through.empty() && !DayCount(run.through))
-        throw UserError(fmt::format("\"{}\" is no date: write yyyy-mm-dd.", run.through));
+    CheckRun(run);
     std::vector<ScheduledGame> games = UnplayedGames(season_, run.through);
     if (run.games && static_cast<std::size_t>(*run.games) < games.size())
         games.resize(static_cast<std::size_t>(*run.games));

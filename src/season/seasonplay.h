@@ -30,6 +30,9 @@ struct SeasonRun {
     std::string through;        // last date, yyyy-mm-dd; empty: all
 };
 
+// Throws UserError for a last date that is none.
+void CheckRun(const SeasonRun& run);
+
 struct SeasonRunResult {
     long played = 0;
     bool stopped = false;  // by the watcher

@@ -158,6 +158,7 @@ int PlaySeason(const Context& context, const Options& options) {
     Installation installation(context);
     Database season = installation.OpenSeason(name);
     RefuseEmptySchedule(season, name);
+    CheckRun(run);
     run.seed = SeedOf(options);
 
     SeasonPlayer player(installation.Common(), season);
