@@ -14,4 +14,8 @@ void LoadLeagueRules(Database& season, int columnsBefore, LeagueRules& rules);
 // The rules of a season whose tables are up to date.
 LeagueRules LoadLeagueRules(Database& season);
 
+// Counts the running number of the documents up, once for a game.
+inline constexpr const char* kCountResultsFile =
+    "UPDATE LeagueRules SET NextResultsFile = coalesce(NextResultsFile, 1) + 1";
+
 }  // namespace tarvane

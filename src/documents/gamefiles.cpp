@@ -16,6 +16,15 @@ std::string Kind(const LeagueRules& rules) {
     return rules.TourneyType == "P" ? "PostSeason" : "Tourney";
 }
 
+// The team's picture as a page in the folder finds it; empty without one.
+std::string Logo(const GameFilesChoice& choice, const Team& team, const std::filesystem::path& folder) {
+    std::error_code error;
+    if (choice.teamImages.empty() || team.ImageFile.empty()) return {};
+    const std::filesystem::path file = choice.teamImages / team.ImageFile;
+    if (!std::filesystem::is_regular_file(file, error)) return {};
+    return std::filesystem::proximate(file, folder, error).generic_string();
+}
+
 }  // namespace
 
 GameFileNames NameGameFiles(const GameFilesChoice& choice, const LeagueRules& rules, const GameData& data, int number) {
@@ -38,6 +47,18 @@ void WriteGameFiles(const std::filesystem::path& folder, const GameFileNames& na
         WriteFile(folder / names.boxScore, text ? BoxScoreText(box, choice.style) : BoxScoreHtml(box, choice.style));
     if (choice.scoreSheet)
         WriteFile(folder / names.scoreSheet, text ? ScoreSheetText(sheet, box) : ScoreSheetHtml(sheet, box));
+}
+
+GameFileNames KeepGameFiles(Database& season, const std::filesystem::path& folder, const GameFilesChoice& choice,
+                            const FinishedGame& game) {
+    if (!choice.Any()) return {};
+    Statement number = season.Prepare("SELECT coalesce(NextResultsFile, 1) FROM LeagueRules");
+    const GameFileNames names =
+        NameGameFiles(choice, game.data.rules, game.data, number.Step() ? static_cast<int>(number.Int(0)) : 1);
+    BoxDocument box = MakeBoxDocument(game.data, game.state, game.seconds);
+    for (const Side side : kBothSides) box.side[side].logo = Logo(choice, game.data[side].roster.team, folder);
+    WriteGameFiles(folder, names, choice, box, game.sheet);
+    return names;
 }
 
 }  // namespace tarvane

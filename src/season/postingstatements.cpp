@@ -1,6 +1,7 @@
 #include "season/postingstatements.h"
 
 #include <fmt/core.h>
+#include "data/rules.h"
 
 namespace tarvane {
 
@@ -231,7 +232,7 @@ PostingStatements::PostingStatements(Database& season, bool injuries)
       versus_(Make("UPDATE TeamVsTeam SET vsTeamWins = coalesce(vsTeamWins, 0) + 1 WHERE TeamIndex = ? AND "
                    "vsTeamIndex = ?")),
       schedule_(Make(UpdateSchedule())),
-      resultsFile_(Make("UPDATE LeagueRules SET NextResultsFile = coalesce(NextResultsFile, 1) + 1")) {}
+      resultsFile_(Make(kCountResultsFile)) {}
 
 std::optional<TeamBooks> PostingStatements::ReadTeam(std::int32_t teamIdx) {
     readTeam_.Bind(1, std::int64_t{teamIdx});

@@ -25,6 +25,7 @@ frmGame::frmGame(GamePtr setup, const GameOptions& options, std::uint64_t seed, 
     BuildSettingsMenu();
     ConnectControls();
     pause_.setSingleShot(true);
+    clock_.start();
     connect(&pause_, &QTimer::timeout, this, &frmGame::GoOn);
     Begin();
 }

@@ -1,10 +1,12 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QTimer>
 #include <memory>
 
 #include "ui/gamesession.h"
 #include "ui/gameview.h"
+#include "ui/playedgame.h"
 #include "ui/screen.h"
 #include "ui/services.h"
 
@@ -31,6 +33,8 @@ class frmGame : public Screen {
     ~frmGame() override;
 
     const GameSession& Session() const { return session_; }
+    // The game as it stands.
+    PlayedGame Played() const;
 
   Q_SIGNALS:
     // The user is done with a game that is over.
@@ -84,6 +88,7 @@ class frmGame : public Screen {
     GameSession session_;
     std::unique_ptr<Ui::frmGame> ui_;
     QTimer pause_;
+    QElapsedTimer clock_;  // since the game began
     QMenu* settings_ = nullptr;
     Shown shown_ = Shown::Current;
     bool opponentShown_ = false, walkOffTold_ = false, mayClose_ = false, begun_ = false, focusOnPlay_ = true;

@@ -6,6 +6,7 @@
 
 #include "base/error.h"
 #include "engine/boxtext.h"
+#include "ui/frmboxscore.h"
 #include "ui/linescore.h"
 #include "ui/qtext.h"
 #include "ui/theme.h"
@@ -17,10 +18,9 @@ namespace {
 constexpr const char* kSaveTitle = "Save Game Stats";
 }
 
-frmGameOver::frmGameOver(GamePtr game, const GameState& state, Session* session, Services services, QWidget* parent)
+frmGameOver::frmGameOver(PlayedGame game, Session* session, Services services, QWidget* parent)
     : Screen(parent),
       game_(std::move(game)),
-      state_(state),
       session_(session),
       services_(services),
       ui_(std::make_unique<Ui::frmGameOver>()) {
@@ -29,16 +29,15 @@ frmGameOver::frmGameOver(GamePtr game, const GameState& state, Session* session,
     ShowChoices();
     connect(ui_->chkFinished, &QPushButton::clicked, this, &frmGameOver::Finish);
     connect(ui_->chkCancel, &QPushButton::clicked, this, &QWidget::close);
-    connect(ui_->chkScore, &QPushButton::clicked, this,
-            [this] { services_.dialogs.ShowDocument(BoxScoreText(game_->data, state_), "Box Score"); });
+    connect(ui_->chkScore, &QPushButton::clicked, this, [this] { OpenOver(new frmBoxScore(game_)); });
 }
 
 frmGameOver::~frmGameOver() = default;
 
 void frmGameOver::ShowScore() {
-    const LineScoreView view = MakeLineScore(game_->data, state_);
-    ui_->lblResult->setText(QText(FinalScoreText(game_->data, state_)));
-    ui_->lblDecisions->setText(QText(DecisionsText(game_->data, state_)));
+    const LineScoreView view = MakeLineScore(game_.setup->data, game_.state);
+    ui_->lblResult->setText(QText(FinalScoreText(game_.setup->data, game_.state)));
+    ui_->lblDecisions->setText(QText(DecisionsText(game_.setup->data, game_.state)));
     QTableWidget* grid = ui_->grdScoreBoard;
     grid->setColumnCount(static_cast<int>(view.heads.size()) + 1);
     grid->setRowCount(3);
@@ -68,35 +67,47 @@ void frmGameOver::ShowScore() {
 }
 
 void frmGameOver::ShowChoices() {
-    const bool scheduled = game_->scheduled.has_value();
+    const bool scheduled = game_.setup->scheduled.has_value();
     const KeepChoices choices =
         session_ != nullptr ? KeepChoicesOf(session_->Settings(), session_->Screens()) : KeepChoices{};
     ui_->chkStats->setChecked(choices.stats && scheduled);
     ui_->chkStats->setVisible(scheduled);
     ui_->chkCancel->setVisible(scheduled);
-    ui_->optHTML->setChecked(choices.format != 'T');
-    ui_->optText->setChecked(choices.format == 'T');
-    ui_->chkCondensedBoxScore->setChecked(choices.condensed);
+    ui_->optHTML->setChecked(choices.files.format != 'T');
+    ui_->optText->setChecked(choices.files.format == 'T');
+    ui_->chkCondensedBoxScore->setChecked(choices.files.style.condensed);
     ui_->lblHint->setText(scheduled ? tr("Finished writes what is ticked below into the season. Until then the game "
                                          "counts for nothing.")
                                     : tr("An exhibition game: nothing of it counts in the statistics."));
-    // There is no writer of documents yet.
-    for (QWidget* document : {static_cast<QWidget*>(ui_->chkBoxScore), static_cast<QWidget*>(ui_->chkScoreSheet),
-                              static_cast<QWidget*>(ui_->optHTML), static_cast<QWidget*>(ui_->optText),
-                              static_cast<QWidget*>(ui_->optExcel), static_cast<QWidget*>(ui_->chkCondensedBoxScore),
-                              static_cast<QWidget*>(ui_->chkIncludeTeamLogo)})
-        document->setEnabled(false);
+    ui_->chkBoxScore->setChecked(choices.files.boxScore);
+    ui_->chkScoreSheet->setChecked(choices.files.scoreSheet);
+    for (QWidget* document : {static_cast<QWidget*>(ui_->chkBoxScore), static_cast<QWidget*>(ui_->chkScoreSheet)})
+        document->setEnabled(session_ != nullptr);
+    connect(ui_->chkBoxScore, &QCheckBox::toggled, this, &frmGameOver::ShowForms);
+    connect(ui_->chkScoreSheet, &QCheckBox::toggled, this, &frmGameOver::ShowForms);
+    connect(ui_->optHTML, &QRadioButton::toggled, this, &frmGameOver::ShowForms);
+    ShowForms();
     ui_->chkFinished->setFocus();
+}
+
+// How documents are written matters only if some are.
+void frmGameOver::ShowForms() {
+    const bool any = ui_->chkBoxScore->isChecked() || ui_->chkScoreSheet->isChecked();
+    ui_->optHTML->setEnabled(any);
+    ui_->optText->setEnabled(any);
+    ui_->chkCondensedBoxScore->setEnabled(ui_->chkBoxScore->isChecked());
+    ui_->chkIncludeTeamLogo->setEnabled(ui_->chkBoxScore->isChecked() && ui_->optHTML->isChecked());
 }
 
 KeepChoices frmGameOver::Choices() const {
     KeepChoices choices;
-    choices.stats = ui_->chkStats->isChecked() && game_->scheduled.has_value();
-    choices.boxScore = ui_->chkBoxScore->isChecked();
-    choices.scoreSheet = ui_->chkScoreSheet->isChecked();
-    choices.format = ui_->optText->isChecked() ? 'T' : ui_->optExcel->isChecked() ? 'X' : 'H';
-    choices.condensed = ui_->chkCondensedBoxScore->isChecked();
-    choices.teamLogo = ui_->chkIncludeTeamLogo->isChecked();
+    choices.stats = ui_->chkStats->isChecked() && game_.setup->scheduled.has_value();
+    choices.files.boxScore = ui_->chkBoxScore->isChecked();
+    choices.files.scoreSheet = ui_->chkScoreSheet->isChecked();
+    choices.files.format = ui_->optText->isChecked() ? 'T' : 'H';
+    choices.files.style.condensed = ui_->chkCondensedBoxScore->isChecked();
+    if (ui_->chkIncludeTeamLogo->isChecked() && session_ != nullptr)
+        choices.files.teamImages = session_->Paths().TeamImages();
     return choices;
 }
 
@@ -108,7 +119,7 @@ void frmGameOver::Finish() {
         std::string failure;
         std::vector<std::string> missing;
         try {
-            missing = KeepGame(*session_, *game_, state_, Choices());
+            missing = KeepGame(*session_, game_, Choices());
         } catch (const UserError& error) {
             failure = error.what();
         }
@@ -125,7 +136,7 @@ void frmGameOver::Finish() {
 }
 
 bool frmGameOver::MayClose() {
-    if (mayClose_ || !game_->scheduled || session_ == nullptr) return true;
+    if (mayClose_ || !game_.setup->scheduled || session_ == nullptr) return true;
     return services_.dialogs.Ask(
                "This game is not in the season yet. Do you want to leave it without saving?\nClick "
                "Yes and it will have to be played again, otherwise Click No.",

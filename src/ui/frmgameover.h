@@ -2,7 +2,6 @@
 
 #include <memory>
 
-#include "engine/gamestate.h"
 #include "ui/gamekeeper.h"
 #include "ui/screen.h"
 #include "ui/seasonaccess.h"
@@ -21,7 +20,7 @@ class frmGameOver : public Screen {
 
   public:
     // Without a session nothing can be kept.
-    frmGameOver(GamePtr game, const GameState& state, Session* session, Services services, QWidget* parent = nullptr);
+    frmGameOver(PlayedGame game, Session* session, Services services, QWidget* parent = nullptr);
     ~frmGameOver() override;
 
   protected:
@@ -31,11 +30,11 @@ class frmGameOver : public Screen {
   private:
     void ShowScore();
     void ShowChoices();
+    void ShowForms();
     KeepChoices Choices() const;
     void Finish();
 
-    GamePtr game_;
-    GameState state_;
+    PlayedGame game_;
     Session* session_;
     Services services_;
     bool mayClose_ = false;

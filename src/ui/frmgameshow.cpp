@@ -5,8 +5,8 @@
 #include <QStyle>
 #include <QStyledItemDelegate>
 
-#include "engine/boxtext.h"
 #include "ui/chartgrid.h"
+#include "ui/frmboxscore.h"
 #include "ui/frmgame.h"
 #include "ui/names.h"
 #include "ui/qtext.h"
@@ -300,9 +300,12 @@ void frmGame::ShowLineup() {
     }
 }
 
+PlayedGame frmGame::Played() const {
+    return {session_.Setup(), session_.State(), session_.Sheet(), static_cast<long>(clock_.elapsed() / 1000)};
+}
+
 void frmGame::ShowBoxScore() {
-    services_.dialogs.ShowDocument(BoxScoreText(session_.Data(), session_.State()),
-                                   session_.Over() ? "Game Over" : "Box Score");
+    OpenOver(new frmBoxScore(Played()));
 }
 
 void frmGame::Say(const QString& text) {

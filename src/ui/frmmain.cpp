@@ -2,6 +2,7 @@
 
 #include <QCloseEvent>
 #include <QCoreApplication>
+#include <QElapsedTimer>
 #include <QStandardPaths>
 #include <QTimer>
 #include <random>
@@ -9,9 +10,9 @@
 #include "ui/frmcomputermgr.h"
 #include "ui/frmgame.h"
 #include "ui/frmgameover.h"
+#include "ui/frmleaders.h"
 #include "ui/frmpreexgame.h"
 #include "ui/frmpreschedgame.h"
-#include "ui/frmleaders.h"
 #include "ui/frmseasons.h"
 #include "ui/frmstandings.h"
 #include "ui/frmteamvsteam.h"
@@ -158,21 +159,23 @@ void frmMain::Play(const GamePtr& setup) {
     std::random_device system;
     const std::uint64_t seed = seed_ != 0 ? seed_ : (static_cast<std::uint64_t>(system()) << 32) + system();
     if (options.QuickPlayMode && options.ComputerPlaysBoth()) {
+        QElapsedTimer clock;
+        clock.start();
         GameSession unseen(setup, options, seed);
         const Reject reject = unseen.Start();
         if (reject == Reject::None) {
             unseen.QuickPlay(0);
-            EndOf(setup, unseen.State());
+            EndOf({setup, unseen.State(), unseen.Sheet(), static_cast<long>(clock.elapsed() / 1000)});
             return;
         }
     }
     auto* game = new frmGame(setup, options, seed, services_);
-    connect(game, &frmGame::Finished, this, [this, setup, game] { EndOf(setup, game->Session().State()); });
+    connect(game, &frmGame::Finished, this, [this, game] { EndOf(game->Played()); });
     Show(game);
 }
 
-void frmMain::EndOf(const GamePtr& setup, const GameState& state) {
-    Show(new frmGameOver(setup, state, seasons_.Store(), services_));
+void frmMain::EndOf(const PlayedGame& game) {
+    Show(new frmGameOver(game, seasons_.Store(), services_));
 }
 
 void frmMain::SetPicture(const QString& file) {

@@ -5,6 +5,7 @@
 
 #include "ui/gameoptions.h"
 #include "ui/mainmenu.h"
+#include "ui/playedgame.h"
 #include "ui/seasonaccess.h"
 #include "ui/services.h"
 
@@ -58,7 +59,7 @@ class frmMain : public QMainWindow {
     void OpenExhibition();
     void OpenScheduled();
     void Play(const GamePtr& setup);
-    void EndOf(const GamePtr& setup, const GameState& state);
+    void EndOf(const PlayedGame& game);
     void Say(const QString& text);
     MenuContext Context() const;
 

@@ -4,24 +4,23 @@
 #include <vector>
 
 #include "data/session.h"
-#include "engine/gamestate.h"
-#include "ui/seasonaccess.h"
+
+#include "ui/playedgame.h"
 
 namespace tarvane {
 
 // What of a finished game is kept.
 struct KeepChoices {
-    bool stats = false, boxScore = false, scoreSheet = false;
-    char format = 'H';  // 'T' text, 'H' HTML, 'X' workbook
-    bool condensed = false, teamLogo = false;
+    bool stats = false;
+    GameFilesChoice files;
 };
 
 // The choices that the settings make.
 KeepChoices KeepChoicesOf(const GameSettings& settings, const ScreenSettings& screens);
 
-// Posts a game of the schedule to the open season, all of it or nothing; an exhibition leaves the season alone. Gives
-// what was missing in the tables. Throws UserError if the season can't be written: then it is as it was.
-std::vector<std::string> KeepGame(Session& session, const PreparedGame& game, const GameState& state,
-                                  const KeepChoices& choices);
+// Writes the documents of a game, and posts a game of the schedule to the open season, all of it or nothing; an
+// exhibition leaves its statistics alone. Gives what was missing in the tables, and the documents that couldn't be
+// written: they are no reason to lose the game. Throws UserError if the season can't be written: then it is as it was.
+std::vector<std::string> KeepGame(Session& session, const PlayedGame& game, const KeepChoices& choices);
 
 }  // namespace tarvane

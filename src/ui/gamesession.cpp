@@ -37,6 +37,7 @@ Reject GameSession::Start() {
 }
 
 void GameSession::OnEvent(const GameData& data, const GameState& state, const GameEvent& event) {
+    sheet_.OnEvent(data, state, event);
     if (quiet_) return;
     text_.OnEvent(data, state, event);
     if (event.kind == EventKind::Message && !SpectatorMode) Remember(data, state, event);

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "base/random.h"
+#include "documents/scoresheet.h"
 #include "engine/game.h"
 #include "ui/gameoptions.h"
 #include "ui/playbyplay.h"
@@ -67,6 +68,7 @@ class GameSession : private GameListener {
 
     const GameData& Data() const { return setup_->data; }
     const PreparedGame& Game() const { return *setup_; }
+    const GamePtr& Setup() const { return setup_; }
     const GameState& State() const { return state_; }
     GameOptions& Options() { return options_; }
     const GameOptions& Options() const { return options_; }
@@ -84,6 +86,7 @@ class GameSession : private GameListener {
 
     const std::optional<ChartShown>& LastChart() const { return last_; }
     std::string RunningText() const { return text_.Text(); }
+    const ScoreSheet& Sheet() const { return sheet_; }
 
     // Reminders to managers since the last call, oldest first.
     std::vector<Reminder> TakeReminders();
@@ -112,6 +115,7 @@ class GameSession : private GameListener {
     PerSide<std::unique_ptr<Manager>> manager_;
     std::optional<ChartShown> last_;
     PlayByPlay text_;
+    ScoreSheet sheet_;
     std::vector<Reminder> reminders_;
     std::optional<ProposedMove> proposed_;
     PerSide<bool> declined_{{false, false}};  // the user has dropped a move of that side before this pitch

@@ -1,16 +1,15 @@
 #include "ui/reportscreen.h"
 
 #include <QCheckBox>
-#include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollArea>
-#include <QScrollBar>
 #include <QVBoxLayout>
 #include <array>
 
 #include "base/error.h"
 #include "ui/qtext.h"
+#include "ui/readinggrid.h"
 #include "ui/theme.h"
 
 namespace tarvane {
@@ -28,34 +27,20 @@ constexpr std::array<ReportLink, 4> kLinks{{{MenuScreen::Standings, "lblStanding
                                             {MenuScreen::LeadersBatting, "lblLeadersBatting", "&Batting Leaders"},
                                             {MenuScreen::LeadersPitching, "lblLeadersPitching", "&Pitching Leaders"}}};
 
-QTableWidget* MakeGrid(const ReportTable& table, QWidget* parent) {
-    const int rows = static_cast<int>(table.rows.size()), columns = static_cast<int>(table.columns.size());
-    auto* grid = new QTableWidget(rows, columns, parent);
-    grid->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    grid->setSelectionBehavior(QAbstractItemView::SelectRows);
-    grid->setSelectionMode(QAbstractItemView::SingleSelection);
-    grid->setShowGrid(false);
-    grid->setAlternatingRowColors(true);
-    grid->verticalHeader()->hide();
-    grid->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    bool heads = false;
-    for (int column = 0; column < columns; ++column) {
-        const ReportColumn& of = table.columns[static_cast<std::size_t>(column)];
-        heads = heads || !of.title.empty();
-        grid->setHorizontalHeaderItem(column, new QTableWidgetItem(QText(of.title)));
-        const auto side = of.format == CellFormat::Text ? Qt::AlignLeft : Qt::AlignRight;
-        grid->horizontalHeaderItem(column)->setTextAlignment(side | Qt::AlignVCenter);
-        for (int row = 0; row < rows; ++row) {
-            const Value& value = table.rows[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)];
-            auto* cell = new QTableWidgetItem(QText(FieldText(value, of.format)));
-            cell->setTextAlignment(side | Qt::AlignVCenter);
-            grid->setItem(row, column, cell);
-        }
+GridText ReadingText(const ReportTable& table, ReportShape shape) {
+    GridText text;
+    text.matrix = shape == ReportShape::Matrix;
+    for (const ReportColumn& column : table.columns) {
+        text.heads.push_back(QText(column.title));
+        text.left.push_back(column.format == CellFormat::Text);
     }
-    grid->horizontalHeader()->setVisible(heads);
-    grid->horizontalHeader()->setHighlightSections(false);
-    grid->horizontalHeader()->setMinimumSectionSize(10);
-    return grid;
+    for (const auto& row : table.rows) {
+        std::vector<QString> cells;
+        for (std::size_t column = 0; column < row.size(); ++column)
+            cells.push_back(QText(FieldText(row[column], table.columns[column].format)));
+        text.rows.push_back(std::move(cells));
+    }
+    return text;
 }
 
 }  // namespace
@@ -152,9 +137,8 @@ void ReportScreen::ShowTables(const std::vector<ReportTable>& tables, int abreas
         heading->setObjectName(label + QString::number(place));
         heading->setProperty("role", "caption");
         heading->setProperty("fontScale", 1.1);
-        QTableWidget* shown = MakeGrid(table, page_);
+        QTableWidget* shown = MakeReadingGrid(ReadingText(table, shape), page_);
         shown->setObjectName(grid + QString::number(place));
-        shown->setProperty("matrix", shape == ReportShape::Matrix);
         shown->setAccessibleName(heading->text());
         const int row = 2 * (place / abreast), column = place % abreast;
         tables_->addWidget(heading, row, column);
@@ -170,25 +154,10 @@ void ReportScreen::ShowTables(const std::vector<ReportTable>& tables, int abreas
     FitTables();
 }
 
-// Rows for the height of the text; the first column takes what the others leave. A matrix has no such column: there all
-// are alike.
 void ReportScreen::FitTables() {
     const double pixels = TextPixels(width(), height());
     ScaleFonts(*this, pixels);
-    for (QTableWidget* grid : grids_) {
-        grid->verticalHeader()->setDefaultSectionSize(static_cast<int>(pixels * 1.55));
-        const bool matrix = grid->property("matrix").toBool();
-        QHeaderView& columns = *grid->horizontalHeader();
-        for (int column = 0; column < grid->columnCount(); ++column) {
-            columns.setSectionResizeMode(column, column == 0 || matrix ? QHeaderView::Stretch : QHeaderView::Fixed);
-            const int wanted = std::max(static_cast<const QAbstractItemView*>(grid)->sizeHintForColumn(column),
-                                        columns.sectionSizeHint(column));
-            if (column > 0 && !matrix) columns.resizeSection(column, wanted + static_cast<int>(pixels * 0.5));
-        }
-        const int head = grid->horizontalHeader()->isHidden() ? 0 : static_cast<int>(pixels * 1.9);
-        grid->horizontalHeader()->setFixedHeight(std::max(head, 1));
-        grid->setFixedHeight(head + static_cast<int>(pixels * 1.55) * grid->rowCount() + 2 * grid->frameWidth() + 2);
-    }
+    for (QTableWidget* grid : grids_) FitReadingGrid(*grid, pixels);
 }
 
 void ReportScreen::resizeEvent(QResizeEvent* event) {

@@ -1,10 +1,12 @@
 #include <gmock/gmock.h>
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTableWidget>
 #include <QTest>
 
 #include <set>
@@ -12,6 +14,7 @@
 #include "engine/boxtext.h"
 #include "ui/chartgrid.h"
 #include "ui/demo.h"
+#include "ui/frmboxscore.h"
 #include "ui/frmchoice.h"
 #include "ui/frmgame.h"
 #include "ui/frmquickplay.h"
@@ -46,6 +49,13 @@ struct GameTest : testing::Test {
     void Alt(Qt::Key key) {
         QTest::keyClick(game.get(), key, Qt::AltModifier);
         QTest::qWait(150);
+    }
+    // The document of the game that is open.
+    template <class T>
+    static T* Document() {
+        for (QWidget* window : QApplication::topLevelWidgets())
+            if (auto* found = qobject_cast<T*>(window); found != nullptr && found->isVisible()) return found;
+        throw std::runtime_error("no document is open");
     }
     void PlayToSheet(SheetCode sheet) {
         for (int i = 0; i < 5000 && State().sheet != sheet && !State().GameOverFlag; ++i) Find("cmdPlay")->click();
@@ -256,7 +266,15 @@ TEST_F(GameTest, KeysPlayTheGame) {
     Alt(Qt::Key_S);  // a runner is on: he may go
     EXPECT_THAT(outside.dialogs.questions.back().title, testing::AnyOf("Base Steal Decision", "Choose SB Option"));
     Alt(Qt::Key_C);
-    EXPECT_THAT(outside.dialogs.documents, SizeIs(1));
+    auto* box = Document<frmBoxScore>();
+    EXPECT_EQ(box->findChild<QTableWidget*>("grdVisitorBatters")->rowCount(), 9 + 1);  // and the sums
+    box->findChild<QPushButton*>("chkScoreSheet")->click();
+    auto* sheet = Document<frmScoreSheet>();
+    auto* marks = sheet->findChild<QTableWidget*>("grdVisitorBatters");
+    EXPECT_THAT(marks->item(slot - 1, 2)->text().toStdString(), testing::HasSubstr("BB"));
+    EXPECT_FALSE(game->isVisible());
+    QTest::keyClick(sheet, Qt::Key_Escape);
+    EXPECT_TRUE(game->isVisible());
 }
 
 TEST_F(GameTest, QuittingAsksAndCancelGoesBack) {

@@ -2,12 +2,14 @@
 
 #include <gmock/gmock.h>
 
+#include <QCheckBox>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QTableWidget>
 #include <QTest>
 
+#include "base/file.h"
 #include "season/seasonhash.h"
 #include "ui/demo.h"
 #include "ui/frmgame.h"
@@ -42,6 +44,11 @@ struct Scheduled : ::testing::Test {
     std::int64_t Number(const std::string& sql) {
         Statement row = Season().Prepare(sql);
         return row.Step() ? row.Int(0) : -1;
+    }
+    std::string ResultsFile(int gameID, int which) {
+        Statement row = Season().Prepare("SELECT ResultsFile" + std::to_string(which) +
+                                         " FROM Schedule WHERE GameID = " + std::to_string(gameID));
+        return row.Step() ? row.Text(0) : std::string();
     }
     template <class T>
     T* Find(const char* name) {
@@ -88,9 +95,15 @@ TEST_F(Scheduled, AGameIsSetUpPlayedAndPostedFromTheMenuAndTheNextOneIsReady) {
     EXPECT_EQ(Number("SELECT count(*) FROM Schedule WHERE Played <> 0"), 0) << "nothing counts before Finished";
     const int runs = score->item(1, score->columnCount() - 4)->text().toInt();
     const int homeRuns = score->item(2, score->columnCount() - 4)->text().toInt();
+    Find<QCheckBox>("chkBoxScore")->setChecked(true);
+    Find<QCheckBox>("chkScoreSheet")->setChecked(true);
+    Click("optText");
     Click("chkFinished");
     EXPECT_TRUE(menu.isVisible());
     EXPECT_THAT(outside.dialogs.warnings, IsEmpty());
+    const std::filesystem::path results = session->Paths().GameResults("Test");
+    EXPECT_THAT(ReadFile(results / ResultsFile(1, 1)), HasSubstr("Time to play game: "));
+    EXPECT_TRUE(std::filesystem::exists(results / ResultsFile(1, 2)));
     EXPECT_EQ(Number("SELECT VisitorScore FROM Schedule WHERE GameID = 1 AND Played <> 0"), runs);
     EXPECT_EQ(Number("SELECT HomeScore FROM Schedule WHERE GameID = 1"), homeRuns);
     EXPECT_EQ(Number("SELECT sum(W + L) FROM KorvTeams"), 2);
@@ -103,6 +116,20 @@ TEST_F(Scheduled, AGameIsSetUpPlayedAndPostedFromTheMenuAndTheNextOneIsReady) {
     EXPECT_EQ(grid->item(0, 5)->text(), "Played");
     EXPECT_EQ(grid->currentRow(), 1) << "one more game is one click away";
     EXPECT_TRUE(Find<QPushButton>("chkNext")->hasFocus() || menu.Open()->focusWidget()->objectName() == "chkNext");
+}
+
+TEST_F(Scheduled, DocumentsThatCantBeWrittenAreNoReasonToLoseTheGame) {
+    std::filesystem::remove_all(session->Paths().GameResults("Test"));
+    WriteFile(session->Paths().GameResults("Test"), "a file where the folder should be");
+    OpenSchedule();
+    Click("chkNext");
+    while (qobject_cast<frmGame*>(menu.Open()) != nullptr) Click("cmdPlay");
+    Find<QCheckBox>("chkBoxScore")->setChecked(true);
+    Click("chkFinished");
+    ASSERT_THAT(outside.dialogs.warnings, SizeIs(1));
+    EXPECT_THAT(outside.dialogs.warnings[0].text, HasSubstr("Game Results"));
+    EXPECT_EQ(Number("SELECT count(*) FROM Schedule WHERE Played <> 0"), 1);
+    EXPECT_EQ(ResultsFile(1, 1), " ");
 }
 
 TEST_F(Scheduled, LeavingAFinishedGameUnsavedLeavesTheSeasonAsItWas) {

@@ -17,6 +17,7 @@
 #include "data/session.h"
 #include "engine/boxtext.h"
 #include "ui/demo.h"
+#include "ui/frmboxscore.h"
 #include "ui/frmchoice.h"
 #include "ui/frmcomputermgr.h"
 #include "ui/frmdocument.h"
@@ -97,8 +98,12 @@ void TakeGame(Camera& camera, const GamePtr& setup, demo::Outside& outside) {
     while (!game.Session().Over() && game.findChild<QPushButton*>(QStringLiteral("cmdPlay"))->isEnabled())
         Press(game, "cmdPlay", 1);
     camera.Take(game, QStringLiteral("frmGame-over"));
-    frmDocument box(BoxScoreText(game.Session().Data(), game.Session().State()), "Box Score");
-    camera.Take(box, QStringLiteral("frmDocument-boxscore"));
+    frmBoxScore box(game.Played());
+    camera.Take(box, QStringLiteral("frmBoxScore"));
+    frmScoreSheet sheet(game.Played());
+    camera.Take(sheet, QStringLiteral("frmScoreSheet"));
+    frmDocument document(BoxScoreText(game.Session().Data(), game.Session().State()), "Box Score");
+    camera.Take(document, QStringLiteral("frmDocument-boxscore"));
 }
 
 // The first two teams of a season in the home team's park.
@@ -172,7 +177,7 @@ void TakeScheduled(Camera& camera, Session& session) {
     quick.findChild<QComboBox*>()->setCurrentIndex(0);
     camera.Take(quick, QStringLiteral("frmQuickPlay"));
     played.QuickPlay(0);
-    frmGameOver over(game, played.State(), &session, outside.Get());
+    frmGameOver over({game, played.State(), played.Sheet(), 4}, &session, outside.Get());
     camera.Take(over, QStringLiteral("frmGameOver"));
 }
 

@@ -78,11 +78,7 @@ class TerminalWatcher final : public SeasonWatcher {
     }
     // The documents stand before the game is posted: a game in the season has its documents.
     void GameOver(const GameSetup& setup, const GameState& state, GameToPost& posting) override {
-        if (!files_.boxScore) return;
-        Statement number = season_.Prepare("SELECT coalesce(NextResultsFile, 1) FROM LeagueRules");
-        const GameFileNames names =
-            NameGameFiles(files_, setup.data.rules, setup.data, number.Step() ? static_cast<int>(number.Int(0)) : 1);
-        WriteGameFiles(folder_, names, files_, MakeBoxDocument(setup.data, state, 0), sheet_);
+        const GameFileNames names = KeepGameFiles(season_, folder_, files_, {setup.data, state, sheet_, 0});
         posting.resultsFile1 = names.boxScore;
         posting.resultsFile2 = names.scoreSheet;
     }
