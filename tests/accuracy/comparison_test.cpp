@@ -1,11 +1,11 @@
 #include "accuracy/comparison.h"
 
-#include <gmock/gmock.h>
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 #include <cmath>
 
-#include "accuracy/comparisontables.h"
+#include "accuracy/comparisonpage.h"
 #include "base/random.h"
 
 namespace tarvane {
@@ -110,6 +110,26 @@ TEST(Parks, AreMeasuredAgainstThoseThatTheClubVisits) {
     EXPECT_NEAR(comparison.parks[0].HR.score, 0, 1e-9);
     EXPECT_GT(comparison.parks[0].runs.expected, 1);
     EXPECT_LT(comparison.parks[0].runs.score, 0);  // as many runs here as there
+}
+
+// Opening and closing tags of a kind, and no text that would open another.
+TEST(Page, HoldsAPlotForEveryMeasureAndEscapesNames) {
+    auto [real, replays] = MenAndDice(0);
+    real.batters.begin()->second.name = "O'Neil <b>&";
+    const std::string page = ComparisonPage(Compare(real, replays, {}), "My <League>");
+    const auto count = [&](std::string_view word) {
+        int found = 0;
+        for (auto at = page.find(word); at != std::string::npos; at = page.find(word, at + 1)) ++found;
+        return found;
+    };
+    for (const char* tag : {"svg", "text", "table", "tr", "td", "div", "title"})
+        EXPECT_EQ(count(fmt::format("<{}>", tag)) + count(fmt::format("<{} ", tag)), count(fmt::format("</{}>", tag)))
+            << tag;
+    EXPECT_GE(count("class=\"dot\""), static_cast<int>(kMen));
+    EXPECT_EQ(count("<b>"), 0);
+    EXPECT_EQ(count("<League>"), 0);
+    EXPECT_EQ(count("nan"), 0);
+    EXPECT_EQ(count("http"), 0);  // nothing of the page comes from elsewhere
 }
 
 }  // namespace

@@ -2,10 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include "accuracy/replays.h"
 #include "base/error.h"
 #include "data/teams.h"
 #include "sample/sampleleague.h"
 #include "season/balancedschedule.h"
+#include "season/seasonhash.h"
 #include "season/seasonplay.h"
 #include "season/seasons.h"
 
@@ -50,13 +52,13 @@ TEST(SacrificeFlies, AreBookedAsTheRealSeasonBookedThem) {
 // The fictional league with its first games played.
 class PlayedSample : public ::testing::Test {
   protected:
-    static constexpr long kPlayed = 60;
+    static constexpr long kPlayed = 60, kAll = 80;
     static void SetUpTestSuite() {
         const auto csv = std::filesystem::temp_directory_path() / ("tarvane-accuracy-" + std::to_string(getpid()));
         WriteSampleLeague(csv, 1975);
         made_ = std::make_unique<testing::PlayableSeason>(csv, kSampleYear);
         std::filesystem::remove_all(csv);
-        ReplaceSchedule(*made_->season, BalancedSchedule(LoadTeamList(*made_->season, {}), kSampleYear));
+        ReplaceSchedule(*made_->season, BalancedSchedule(LoadTeamList(*made_->season, {}), kSampleYear, 10));
         EXPECT_THROW(ReadReplayedFigures(*made_->season), UserError);  // nothing is played yet
         SeasonWatcher nobody;
         SeasonRun run;
@@ -107,6 +109,38 @@ TEST_F(PlayedSample, RealTotalsAreThoseOfTheImportedTables) {
     Transaction transaction(*made_->season);
     made_->season->Execute("UPDATE LahmanBatting SET CS = NULL WHERE rowid % 2 = 0");
     EXPECT_FALSE(ReadRealFigures(*made_->season).leagues[0].counts[Figure::CS]);
+}
+
+TEST_F(PlayedSample, ReplaysAreTheSameWithAnyCrewAndLeaveNothingBehind) {
+    const auto folder = std::filesystem::temp_directory_path() / ("tarvane-crew-" + std::to_string(getpid()));
+    std::filesystem::create_directories(folder);
+    const char* before = std::getenv("TMPDIR");
+    const std::string kept = before == nullptr ? "" : before;
+    setenv("TMPDIR", folder.c_str(), 1);
+    const std::uint64_t hash = HashSeason(*made_->season);
+
+    const auto two = PlayReplays(*made_->common, *made_->season, {.replays = 2, .workers = 2});
+    const auto one = PlayReplays(*made_->common, *made_->season, {.replays = 1, .workers = 1});
+    ASSERT_EQ(two.size(), 2U);
+    EXPECT_EQ(two[0].games, kAll);  // from the first game on
+    EXPECT_EQ(Sum(two[0], Figure::H), Sum(one[0], Figure::H));
+    EXPECT_EQ(Sum(two[0], Figure::SO), Sum(one[0], Figure::SO));
+    EXPECT_NE(Sum(two[0], Figure::SO), Sum(two[1], Figure::SO));
+    EXPECT_EQ(HashSeason(*made_->season), hash);
+    EXPECT_TRUE(std::filesystem::is_empty(folder));
+
+    // A replay that fails says why, and its files go too.
+    made_->season->Execute(
+        "UPDATE KorvPitchers SET teamID = '999' WHERE teamID IN (SELECT min(teamID) FROM KorvTeams)");
+    try {
+        PlayReplays(*made_->common, *made_->season, {.replays = 2});
+        FAIL() << "a club without pitchers has played";
+    } catch (const UserError& error) {
+        EXPECT_NE(std::string(error.what()).find("replay"), std::string::npos) << error.what();
+    }
+    EXPECT_TRUE(std::filesystem::is_empty(folder));
+    kept.empty() ? unsetenv("TMPDIR") : setenv("TMPDIR", kept.c_str(), 1);
+    std::filesystem::remove_all(folder);
 }
 
 }  // namespace

@@ -109,6 +109,8 @@ const std::vector<Command>& Commands() {
          {{"--replays", "N", "play N replays and compare their means"},
           {"--workers", "N", "processes at a time; without it as many as there are processors"},
           {"--actual-usage", "", "managers go by real use in the replays, whatever the season's rule says"},
+          {"--html", "FILE", "write a page with plots, too"},
+          {"--overwrite", "", "replace FILE"},
           kCsv,
           kJson},
          CompareSeason},

@@ -3,8 +3,11 @@
 #include <fmt/format.h>
 
 #include "accuracy/comparison.h"
+#include "accuracy/comparisonpage.h"
 #include "accuracy/comparisontables.h"
 #include "accuracy/replays.h"
+#include "base/error.h"
+#include "base/file.h"
 #include "installation.h"
 
 namespace tarvane::replay {
@@ -26,11 +29,15 @@ std::vector<SeasonFigures> ReplaysAsked(Database& common, Database& season, cons
 }  // namespace
 
 int CompareSeason(const Context& context, const Options& options) {
+    const std::filesystem::path page = options.Text("--html");
+    if (!page.empty() && std::filesystem::exists(page) && !options.Has("--overwrite"))
+        throw UserError(fmt::format("{} is there already; say --overwrite to replace it", page.string()));
     Installation installation(context);
     Database season = installation.OpenSeason(options.Positional(0));
     const SeasonFigures real = ReadRealFigures(season);
     const auto parks = ReadParkFactors(installation.Common(), season);
     const Comparison comparison = Compare(real, ReplaysAsked(installation.Common(), season, options), parks);
+    if (!page.empty()) WriteFile(page, ComparisonPage(comparison, options.Positional(0)));
     const auto tables = ComparisonTables(comparison);
     const ReportForm form = options.Has("--json")  ? ReportForm::Json
                             : options.Has("--csv") ? ReportForm::Csv
