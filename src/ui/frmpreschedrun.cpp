@@ -5,6 +5,7 @@
 #include <random>
 
 #include "ui/frmpreschedgame.h"
+#include "ui/gamekeeper.h"
 #include "ui/qtext.h"
 #include "ui_frmpreschedgame.h"
 
@@ -46,7 +47,10 @@ void frmPreSchedGame::Run(long games) {
     run.games = games;
     const DataPaths& paths = session_.Paths();
     run_ = std::make_unique<QuickPlayRun>(
-        QuickPlayFiles{paths.CommonFile(), session_.Seasons().Season().Path(), paths.BallparkImages()}, run);
+        QuickPlayFiles{paths.CommonFile(), session_.Seasons().Season().Path(), paths.BallparkImages(),
+                       paths.GameResults(session_.Seasons().ActiveSeason()),
+                       KeepChoicesOf(session_.Settings(), session_.Screens()).files},
+        run);
     connect(run_.get(), &QuickPlayRun::Finished, this, &frmPreSchedGame::RunOver);
     closeAfterRun_ = false;
     minimized_ = ui_->chkQuickPlayMinimized->isChecked();

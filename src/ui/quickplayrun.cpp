@@ -3,21 +3,37 @@
 #include <exception>
 #include <utility>
 
+#include "base/error.h"
 #include "ui/qtext.h"
 
 namespace tarvane {
 
 class QuickPlayRun::Watcher final : public SeasonWatcher {
   public:
-    explicit Watcher(QuickPlayRun& run) : run_(run), start_(std::chrono::steady_clock::now()) {}
+    Watcher(QuickPlayRun& run, Database& season)
+        : run_(run), season_(season), start_(std::chrono::steady_clock::now()) {}
 
     bool GoOn(const ScheduledGame& next, long done, long total) override {
         const std::lock_guard lock(run_.mutex_);
         run_.progress_ = {done, total, next.GameDate, next.teamIdx, Seconds()};
         return !run_.stop_;
     }
-    void GameOver(const GameSetup&, const GameState&, GameToPost& posting) override {
-        resultsFile1_ = posting.resultsFile1;
+    GameListener* Listener() override {
+        if (!run_.files_.documents.Any()) return nullptr;
+        sheet_.Clear();
+        return &sheet_;
+    }
+    void GameOver(const GameSetup& setup, const GameState& state, GameToPost& posting) override {
+        resultsFile1_ = " ";
+        try {
+            const GameFileNames names =
+                KeepGameFiles(season_, run_.files_.results, run_.files_.documents, {setup.data, state, sheet_, 0});
+            posting.resultsFile1 = resultsFile1_ = names.boxScore;
+            posting.resultsFile2 = names.scoreSheet;
+        } catch (const UserError& failure) {  // no reason to lose the game
+            const std::lock_guard lock(run_.mutex_);
+            run_.messages_.push_back(failure.what());
+        }
     }
     void Posted(const ScheduledGame& game, const GameSetup&, const GameState& state,
                 const PostingReport& report) override {
@@ -33,8 +49,10 @@ class QuickPlayRun::Watcher final : public SeasonWatcher {
     double Seconds() const { return std::chrono::duration<double>(std::chrono::steady_clock::now() - start_).count(); }
 
     QuickPlayRun& run_;
+    Database& season_;
+    ScoreSheet sheet_;
     std::chrono::steady_clock::time_point start_;
-    std::string resultsFile1_;
+    std::string resultsFile1_ = " ";
 };
 
 QuickPlayRun::QuickPlayRun(QuickPlayFiles files, SeasonRun run, QObject* parent)
@@ -57,7 +75,7 @@ void QuickPlayRun::Run() {
         Database common(files_.common);
         Database season(files_.season);
         SeasonPlayer player(common, season, files_.images);
-        Watcher watcher(*this);
+        Watcher watcher(*this, season);
         player.Run(run_, watcher);
     } catch (const std::exception& error) {
         failure = QText(error.what());

@@ -9,6 +9,7 @@
 #include <thread>
 #include <vector>
 
+#include "documents/gamefiles.h"
 #include "season/seasonplay.h"
 
 namespace tarvane {
@@ -36,6 +37,8 @@ struct PostedGame {
 
 struct QuickPlayFiles {
     std::filesystem::path common, season, images;
+    std::filesystem::path results;  // the games' documents, as chosen
+    GameFilesChoice documents;
 };
 
 // Quick play of a range of scheduled games beside the screens: a thread with database connections of its own plays and
@@ -56,7 +59,7 @@ class QuickPlayRun : public QObject {
     QuickPlayProgress Progress() const;
     // The games posted since the last call, oldest first.
     std::vector<PostedGame> TakePosted();
-    // What was missing in the tables and passed over.
+    // What was missing in the tables and passed over, and the documents that couldn't be written.
     std::vector<std::string> TakeMessages();
 
   Q_SIGNALS:

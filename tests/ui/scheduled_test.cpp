@@ -168,6 +168,7 @@ TEST_F(Scheduled, OnlyTheNextGameOfBothTeamsIsPlayed) {
 }
 
 TEST_F(Scheduled, QuickPlayOfARangeIsTheRunWithoutScreens) {
+    session->Settings().SaveBoxScore = session->Settings().SaveScoreSheet = false;  // their names are in the season
     frmPreSchedGame* screen = OpenSchedule();
     QuickPlayAll(*screen, 37);
     EXPECT_TRUE(Find<QPushButton>("cmdQuitQuickPlay")->isVisible());
@@ -186,6 +187,7 @@ TEST_F(Scheduled, QuickPlayOfARangeIsTheRunWithoutScreens) {
 }
 
 TEST_F(Scheduled, QuickPlayStopsAfterTheGameUnderWayAndGoesOnLater) {
+    session->Settings().SaveBoxScore = true;
     frmPreSchedGame* screen = OpenSchedule();
     QuickPlayAll(*screen, 40);
     ASSERT_TRUE(QTest::qWaitFor([&] { return Find<QProgressBar>("ProgBar")->value() > 2; }, 60000));
@@ -195,6 +197,8 @@ TEST_F(Scheduled, QuickPlayStopsAfterTheGameUnderWayAndGoesOnLater) {
     EXPECT_GT(played, 2);
     EXPECT_LT(played, 40);
     EXPECT_EQ(Number("SELECT sum(W) FROM KorvTeams"), played);
+    for (int game = 1; game <= played; ++game)
+        EXPECT_TRUE(std::filesystem::is_regular_file(session->Paths().GameResults("Test") / ResultsFile(game, 1)));
     QuickPlayAll(*screen, 40);
     screen->close();  // the window waits for the game under way
     EXPECT_EQ(menu.Open(), screen);
