@@ -74,12 +74,16 @@ void frmGame::ConnectControls() {
     click(ui_->chkQuickPlay, &frmGame::QuickPlay);
     click(ui_->chkScore, &frmGame::ShowBoxScore);
     click(ui_->cmdQuit, [this] { close(); });
-    click(ui_->chkLineup, [this] { Say(tr(kNotBuilt)); });
+    click(ui_->chkLineup, [this] {
+        const GameState& state = session_.State();
+        ChangeLineup(opponentShown_ ? state.FieldingSide() : state.BattingSide);
+    });
     click(ui_->chkSettings,
           [this] { settings_->popup(ui_->chkSettings->mapToGlobal(QPoint(0, -settings_->sizeHint().height()))); });
     click(ui_->chkOpp, [this] {
         opponentShown_ = !opponentShown_;
         ShowLineup();
+        ShowControls();
     });
     connect(ui_->grdActiveChart, &ChartGrid::RollChosen, this, [this](int chartRoll) {
         if (shown_ == Shown::Current && MakePlayControls(session_).rowClick) ManualRoll(chartRoll);
@@ -230,26 +234,11 @@ bool frmGame::AskManager() {
         const bool yes = Asks(DecisionQuestion(session_.Data(), session_.State(), session_.Options()));
         if (!session_.Answer(yes)) return false;
     } else {
-        FillOpenPlace();
-        if (session_.State().awaited.kind == Await::LineupChange) return false;
+        ChangeLineup(session_.State().awaited.side);
+        return false;  // the game goes on when the line-up's screen closes
     }
     Refresh();
     return true;
-}
-
-// Until a line-up can be made up on a screen of its own, the first man who can stand in the open place takes it.
-void frmGame::FillOpenPlace() {
-    const Awaited awaited = session_.State().awaited;
-    const std::string team = TeamName(session_.Data(), awaited.side);
-    if (awaited.cause == LineupCause::RelieverLimit)
-        services_.dialogs.Remind(std::string(awaited.side == Side::Visitor ? "Visitors" : "Home") +
-                                     " Pitcher has thrown Max Allowed Innings - Must be replaced.",
-                                 "Pitcher Fatigue");
-    if (session_.FillOpenPlace())
-        Say(tr("The open place of the %1 was filled with the first man who can stand there.")
-                .arg(QString::fromStdString(team)));
-    else
-        services_.dialogs.Warn("Nobody of the " + team + " can fill the open place. The game can't go on.", "Lineup");
 }
 
 // --- The end ---------------------------------------------------------------------------------------------------------

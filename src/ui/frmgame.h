@@ -44,6 +44,7 @@ class frmGame : public Screen {
     bool MayClose() override;
     void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void Returned() override;
 
   private:
     // What the last chart is being shown for, if it is.
@@ -70,7 +71,7 @@ class frmGame : public Screen {
     void AfterInput();
     void GoOn();
     bool AskManager();
-    void FillOpenPlace();
+    void ChangeLineup(Side side);
     bool Asks(const Question& question);
 
     // --- Showing ---
@@ -91,7 +92,8 @@ class frmGame : public Screen {
     QElapsedTimer clock_;  // since the game began
     QMenu* settings_ = nullptr;
     Shown shown_ = Shown::Current;
-    bool opponentShown_ = false, walkOffTold_ = false, mayClose_ = false, begun_ = false, focusOnPlay_ = true;
+    bool opponentShown_ = false, walkOffTold_ = false, mayClose_ = false, begun_ = false, focusOnPlay_ = true,
+         lineupsOpen_ = false;
 };
 
 }  // namespace tarvane

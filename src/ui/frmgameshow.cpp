@@ -177,7 +177,9 @@ void frmGame::ShowControls() {
     ui_->chkIntBB->setEnabled(controls.intentionalWalk && !quiet);
     ui_->chkBunt->setEnabled(controls.bunt && !quiet);
     ui_->chkSteal->setEnabled(controls.steal && !quiet);
-    ui_->chkLineup->setEnabled(controls.lineup && !quiet);
+    const GameState& state = session_.State();
+    const bool lineup = MayChangeLineup(session_, opponentShown_ ? state.FieldingSide() : state.BattingSide);
+    ui_->chkLineup->setEnabled(controls.lineup && lineup && !quiet);
     ui_->chkQuickPlay->setEnabled(controls.quickPlay && !quiet);
     ui_->chkScore->setEnabled(!quiet);
     ui_->chkcurrPrev->setEnabled(previous || (controls.previous && !waiting));

@@ -9,6 +9,7 @@
 
 #include "ui/frmcomputermgr.h"
 #include "ui/frmgame.h"
+#include "ui/frmgamelineups.h"
 #include "ui/frmgameover.h"
 #include "ui/frmleaders.h"
 #include "ui/frmpreexgame.h"
@@ -169,6 +170,13 @@ void frmMain::Play(const GamePtr& setup) {
             return;
         }
     }
+    auto* lineups = new frmGameLineups(setup, options, services_);
+    connect(lineups, &frmGameLineups::GameReady, this,
+            [this, options, seed](const GamePtr& ready) { Begin(ready, options, seed); });
+    Show(lineups);
+}
+
+void frmMain::Begin(const GamePtr& setup, const GameOptions& options, std::uint64_t seed) {
     auto* game = new frmGame(setup, options, seed, services_);
     connect(game, &frmGame::Finished, this, [this, game] { EndOf(game->Played()); });
     Show(game);

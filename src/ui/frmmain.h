@@ -58,7 +58,9 @@ class frmMain : public QMainWindow {
     void OpenStored();
     void OpenExhibition();
     void OpenScheduled();
+    // A game made ready: unseen by quick play, else by its line-ups to the game screen.
     void Play(const GamePtr& setup);
+    void Begin(const GamePtr& setup, const GameOptions& options, std::uint64_t seed);
     void EndOf(const PlayedGame& game);
     void Say(const QString& text);
     MenuContext Context() const;

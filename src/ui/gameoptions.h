@@ -17,8 +17,9 @@ struct GameOptions {
     bool PromptSpectatorMode = true;
     bool DisplayCompMgrChanges = false;  // a computer manager's substitutions are put to the user
     bool PitcherRestWarning = false, PitcherBatterWarning = false;
-    bool QuickPlayMode = false;  // a game between two computer managers is played at once, without its screen
-    int PlayResultDelay = 0;     // seconds that a result stays before the next sheet
+    bool QuickPlayMode = false;   // a game between two computer managers is played at once, without its screen
+    char DefaultChartType = 'C';  // 'C' charts, 'P' percentages, 'R' statistics on the line-up screen
+    int PlayResultDelay = 0;      // seconds that a result stays before the next sheet
 
     bool ComputerPlaysBoth() const {
         return computer[Side::Visitor].game && computer[Side::Visitor].subs && computer[Side::Home].game &&

@@ -5,6 +5,7 @@
 #include "ui/playbyplay.h"
 
 #include <fmt/format.h>
+#include <algorithm>
 #include <utility>
 
 namespace tarvane {
@@ -123,13 +124,18 @@ bool GameSession::Answer(bool yes) {
     return true;
 }
 
-bool GameSession::FillOpenPlace() {
-    if (state_.awaited.kind != Await::LineupChange) return false;
-    const Side side = state_.awaited.side;
-    LineupInput lineup;
-    if (!manager_[side]->ForcedLineup(Data(), state_, side, lineup) || !Take(lineup)) return false;
+Reject GameSession::ChangeLineups(std::vector<LineupInput> lineups) {
+    if (proposed_) return Reject::NotAwaited;
+    for (const LineupInput& lineup : lineups)
+        if (const Reject reject = Check(Data(), state_, lineup); reject != Reject::None) return reject;
+    // The side at bat first: a new pitcher can bring up a chart on which nothing can be changed any more.
+    std::stable_sort(lineups.begin(), lineups.end(), [this](const LineupInput& a, const LineupInput& b) {
+        return a.side == state_.BattingSide && b.side != state_.BattingSide;
+    });
+    for (const LineupInput& lineup : lineups)
+        if (!Take(lineup)) return Reject::NotAwaited;
     Settle();
-    return true;
+    return Reject::None;
 }
 
 bool GameSession::AwaitsHuman() const {

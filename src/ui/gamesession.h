@@ -54,7 +54,9 @@ class GameSession : private GameListener {
     bool Bunt(BuntType type);
     bool Steal(char target);
     bool Answer(bool yes);  // to the decision awaited of a human
-    bool FillOpenPlace();   // a human's forced change: the first man who can stand there
+
+    // New line-ups of humans, before a pitch or where one is awaited: all of them, or none and the reason.
+    Reject ChangeLineups(std::vector<LineupInput> lineups);
 
     // The user's word on the move that waits for it; No drops the move.
     bool Confirm(bool yes);

@@ -20,6 +20,9 @@ struct PlayControls {
 };
 PlayControls MakePlayControls(const GameSession& session);
 
+// A human may change the line-up of a side: his own, or that of a computer manager who shows what he does.
+bool MayChangeLineup(const GameSession& session, Side side);
+
 // Caption of chkPlay for one of cmdPlay: the R of Result takes the ALT key.
 std::string WithAltKey(const std::string& caption);
 

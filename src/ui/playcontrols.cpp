@@ -103,6 +103,10 @@ std::string WithAltKey(const std::string& caption) {
     return at == std::string::npos ? caption : caption.substr(0, at) + "&" + caption.substr(at);
 }
 
+bool MayChangeLineup(const GameSession& session, Side side) {
+    return !session.State().computer[side].subs || session.Options().DisplayCompMgrChanges;
+}
+
 PlayControls MakePlayControls(const GameSession& session) {
     PlayControls controls;
     Captions(session, controls);

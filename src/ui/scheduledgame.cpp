@@ -5,7 +5,7 @@
 namespace tarvane {
 
 namespace {
-constexpr const char* kPlayTitle = "Play Scheduled Game";
+constexpr const char* kScheduledTitle = "Play Scheduled Game";
 }
 
 ManagerFault CheckScheduledGame(Session& session, const ScheduledGame& game, const PerSide<SideControl>& control) {
@@ -15,10 +15,10 @@ ManagerFault CheckScheduledGame(Session& session, const ScheduledGame& game, con
     PerSide<const Team*> team{{nullptr, nullptr}};
     for (const Side side : kBothSides) {
         team[side] = FindTeamByIndex(teams, game.teamIdx[side]);
-        if (team[side] == nullptr) return {kPlayTitle, "Team data error - contact Tarvane"};
+        if (team[side] == nullptr) return {kScheduledTitle, "Team data error - contact Tarvane"};
     }
     if (team[Side::Home]->ParkID == 0)
-        return {kPlayTitle,
+        return {kScheduledTitle,
                 "Home Team does not have a ballpark defined.\nGo to Organize Teams and choose ballpark for Home Team."};
     const bool dhUsed = DHUsedIn(rules, *team[Side::Home]);
     for (const Side side : kBothSides) {

@@ -69,6 +69,7 @@ GameOptions OptionsFrom(const GameSettings& settings) {
     options.PitcherBatterWarning = settings.PitcherBatterWarning;
     options.PromptSpectatorMode = settings.PromptSpectatorMode;
     options.PlayResultDelay = settings.PlayResultDelay;
+    if (!settings.DefaultChartType.empty()) options.DefaultChartType = settings.DefaultChartType.front();
     options.QuickPlayMode = settings.QuickPlayMode;
     return options;
 }

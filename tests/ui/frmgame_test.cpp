@@ -18,6 +18,7 @@
 #include "ui/frmchoice.h"
 #include "ui/frmgame.h"
 #include "ui/frmquickplay.h"
+#include "ui/openlineups.h"
 
 namespace tarvane {
 namespace {
@@ -58,7 +59,10 @@ struct GameTest : testing::Test {
         throw std::runtime_error("no document is open");
     }
     void PlayToSheet(SheetCode sheet) {
-        for (int i = 0; i < 5000 && State().sheet != sheet && !State().GameOverFlag; ++i) Find("cmdPlay")->click();
+        for (int i = 0; i < 5000 && State().sheet != sheet && !State().GameOverFlag; ++i) {
+            Find("cmdPlay")->click();
+            demo::AnswerLineups();
+        }
         ASSERT_EQ(State().sheet, sheet);
     }
 };
@@ -73,6 +77,7 @@ TEST_F(GameTest, APersonPlaysFromTheFirstPitchToTheLastOut) {
     while (!State().GameOverFlag && ++clicks < 5000) {
         ASSERT_TRUE(Find("cmdPlay")->isEnabled()) << "after " << clicks << " clicks";
         Find("cmdPlay")->click();
+        demo::AnswerLineups();
         ASSERT_EQ(StateOk(game->Session().Data(), State()), "");
     }
     ASSERT_TRUE(State().GameOverFlag);
@@ -166,7 +171,10 @@ TEST_F(GameTest, RemindersComeInBoxesAndOnlyIfWanted) {
         outside.dialogs.reminders.clear();
         outside.dialogs.defaultReply = Reply::Yes;
         Open(options, 3);
-        for (int clicks = 0; clicks < 5000 && !State().GameOverFlag; ++clicks) Find("cmdPlay")->click();
+        for (int clicks = 0; clicks < 5000 && !State().GameOverFlag; ++clicks) {
+            Find("cmdPlay")->click();
+            demo::AnswerLineups();
+        }
         std::set<std::string> begins;
         for (const auto& reminder : outside.dialogs.reminders)
             if (reminder.title == "Pitcher Batting Reminder") begins.insert(reminder.text.substr(0, 11));
@@ -186,6 +194,7 @@ TEST_F(GameTest, OneClickPlaysAWholeTurnAtBat) {
     int clicks = 0;
     while (!State().GameOverFlag && ++clicks < 500) {
         Find("cmdPlay")->click();
+        demo::AnswerLineups();
         if (!State().GameOverFlag) {
             ASSERT_EQ(State().sheet, SheetCode::P);
         }

@@ -13,6 +13,7 @@
 #include "ui/frmpreexgame.h"
 #include "ui/frmseasons.h"
 #include "ui/menugrid.h"
+#include "ui/openlineups.h"
 
 namespace tarvane {
 namespace {
@@ -207,6 +208,9 @@ TEST(Exhibition, FromTheMenuToTheGameAndBack) {
     setup->findChild<QComboBox*>(QStringLiteral("cmbVisitorTeam"))->setCurrentIndex(0);
     setup->findChild<QComboBox*>(QStringLiteral("cmbHomeTeam"))->setCurrentIndex(1);
     setup->findChild<QPushButton*>(QStringLiteral("cmdNext"))->click();
+    auto* lineups = qobject_cast<frmGameLineups*>(menu.Open());
+    ASSERT_NE(lineups, nullptr);
+    demo::PlayWithComputersLineups(*lineups);
     auto* game = qobject_cast<frmGame*>(menu.Open());
     ASSERT_NE(game, nullptr);
     EXPECT_FALSE(menu.isVisible());

@@ -18,6 +18,7 @@
 #include "ui/frmpreschedgame.h"
 #include "ui/gamecalendar.h"
 #include "ui/menugrid.h"
+#include "ui/openlineups.h"
 #include "ui/seasonfolder.h"
 #include "ui/storedseasons.h"
 
@@ -86,10 +87,14 @@ TEST_F(Scheduled, AGameIsSetUpPlayedAndPostedFromTheMenuAndTheNextOneIsReady) {
     Click("optRdCompSubs");  // the visitors are the computer's, the home team a person's
     Click("optRdCompGame");
     Click("chkNext");
+    demo::PlayWithComputersLineups(dynamic_cast<frmGameLineups&>(*menu.Open()));
     auto* game = qobject_cast<frmGame*>(menu.Open());
     ASSERT_NE(game, nullptr);
     EXPECT_EQ(game->Session().State().computer[Side::Visitor], (SideControl{false, true, true}));
-    for (int clicks = 0; menu.Open() == game && clicks < 3000; ++clicks) Click("cmdPlay");
+    for (int clicks = 0; menu.Open() == game && clicks < 3000; ++clicks) {
+        Click("cmdPlay");
+        demo::AnswerLineups();
+    }
     ASSERT_NE(qobject_cast<frmGameOver*>(menu.Open()), nullptr);
     auto* score = Find<QTableWidget>("grdScoreBoard");
     EXPECT_EQ(Number("SELECT count(*) FROM Schedule WHERE Played <> 0"), 0) << "nothing counts before Finished";
@@ -136,7 +141,11 @@ TEST_F(Scheduled, LeavingAFinishedGameUnsavedLeavesTheSeasonAsItWas) {
     const std::uint64_t before = HashSeason(Season());
     OpenSchedule();
     Click("chkNext");
-    while (qobject_cast<frmGame*>(menu.Open()) != nullptr) Click("cmdPlay");
+    demo::PlayWithComputersLineups(dynamic_cast<frmGameLineups&>(*menu.Open()));
+    while (qobject_cast<frmGame*>(menu.Open()) != nullptr) {
+        Click("cmdPlay");
+        demo::AnswerLineups();
+    }
     outside.dialogs.replies = {Reply::No, Reply::Yes};
     Click("chkCancel");
     EXPECT_NE(menu.Open(), nullptr);

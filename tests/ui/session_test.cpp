@@ -4,6 +4,7 @@
 #include <map>
 #include <set>
 
+#include "manager/changes.h"
 #include "manager/computermanager.h"
 #include "ui/chartgrid.h"
 #include "ui/demo.h"
@@ -26,8 +27,11 @@ GameOptions Options(bool computer = false) {
 
 // What a person must answer, answered with No, so that the game goes on.
 void AnswerNo(GameSession& session) {
-    while (session.AwaitsHuman())
-        if (!session.Answer(false) && !session.FillOpenPlace()) FAIL() << "nobody could answer";
+    while (session.AwaitsHuman()) {
+        if (session.Answer(false)) continue;
+        const auto lineup = AnswerForcedChange(session.Data(), session.State(), session.State().awaited.side);
+        ASSERT_TRUE(lineup && session.ChangeLineups({*lineup}) == Reject::None) << "nobody could answer";
+    }
 }
 
 TEST(Session, AWatchedGameIsTheGameThatTheEnginePlaysAlone) {

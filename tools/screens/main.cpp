@@ -22,6 +22,7 @@
 #include "ui/frmcomputermgr.h"
 #include "ui/frmdocument.h"
 #include "ui/frmgame.h"
+#include "ui/frmgamelineups.h"
 #include "ui/frmgameover.h"
 #include "ui/frmleaders.h"
 #include "ui/frmmain.h"
@@ -36,6 +37,7 @@
 #include "ui/frmsplash.h"
 #include "ui/frmstandings.h"
 #include "ui/frmteamvsteam.h"
+#include "ui/frmviewlineup.h"
 #include "ui/icon.h"
 #include "ui/storedseasons.h"
 #include "ui/theme.h"
@@ -106,6 +108,51 @@ void TakeGame(Camera& camera, const GamePtr& setup, demo::Outside& outside) {
     camera.Take(document, QStringLiteral("frmDocument-boxscore"));
 }
 
+void Show(QWidget& screen, const char* combo, int index) {
+    screen.findChild<QComboBox*>(QString::fromLatin1(combo))->setCurrentIndex(index);
+}
+
+// A person's game up to a pitcher's sheet late in it, or to the first injury.
+void PlayOn(GameSession& session, bool toInjury) {
+    if (session.Start() != Reject::None) return;
+    while (!session.Over() && session.State().awaited.kind != Await::LineupChange) {
+        if (!toInjury && session.State().Inning >= 7 && session.State().sheet == SheetCode::P &&
+            session.State().Batting().runner[1].On())
+            return;
+        if (!session.Roll() && !session.Answer(true)) return;
+    }
+}
+
+// The line-ups before a game, in it, and where it waits for a change.
+void TakeLineups(Camera& camera, const GamePtr& setup, demo::Outside& outside) {
+    frmGameLineups before(setup, {}, outside.Get());
+    camera.Take(before, QStringLiteral("frmGameLineups-open"));
+    Press(before, "chkComputer", 1);
+    camera.Take(before, QStringLiteral("frmGameLineups-batters"));
+    Show(before, "cmbShowByPos", 1);
+    Show(before, "cmbChartType", 1);
+    camera.Take(before, QStringLiteral("frmGameLineups-pitchers"));
+    Show(before, "cmbShowByPos", 0);
+    Show(before, "cmbChartType", 2);
+    camera.Take(before, QStringLiteral("frmGameLineups-results"));
+    frmViewLineup both(before.Model());
+    camera.Take(both, QStringLiteral("frmViewLineup"));
+    GameSession session(setup, {}, 4);
+    PlayOn(session, false);
+    frmGameLineups during(session, session.State().BattingSide, outside.Get());
+    Show(during, "cmbChartType", 1);
+    Press(during, "cmdPinchHit", 1);
+    camera.Take(during, QStringLiteral("frmGameLineups-during"));
+    for (std::uint64_t seed = 1; seed < 60; ++seed) {
+        GameSession hurt(setup, {}, seed);
+        PlayOn(hurt, true);
+        if (hurt.Over()) continue;
+        frmGameLineups forced(hurt, hurt.State().awaited.side, outside.Get());
+        camera.Take(forced, QStringLiteral("frmGameLineups-forced"));
+        return;
+    }
+}
+
 // The first two teams of a season in the home team's park.
 GamePtr FirstGame(SeasonAccess& seasons) {
     const std::vector<TeamEntry> teams = seasons.Teams();
@@ -143,6 +190,7 @@ void TakeAll(Camera& camera, SeasonAccess& seasons) {
     exhibition.findChild<QComboBox*>(QStringLiteral("cmbHomeTeam"))->setCurrentIndex(1);
     camera.Take(exhibition, QStringLiteral("frmPreExGame"));
     TakeGame(camera, FirstGame(seasons), outside);
+    TakeLineups(camera, FirstGame(seasons), outside);
     frmChoice choice(
         "Base runners on 1B and 3B. Choose sacrifice bunt or suicide squeeze. Batter Bunt Rating: A\n"
         "Click either Sacrifice or Squeeze, otherwise Click Cancel.",
