@@ -7,6 +7,7 @@
 
 #include "accuracy/comparisonpage.h"
 #include "base/random.h"
+#include "records/player.h"
 
 namespace tarvane {
 namespace {
@@ -91,6 +92,40 @@ TEST(Clubs, AreComparedPerGameAndAtTheirRealDecisions) {
         else
             EXPECT_EQ(row.Judge(), Verdict::None) << row.rate->name;  // nothing was recorded
     }
+}
+
+TEST(Men, WhoPlayedMuchAreComparedByGameAndBothHands) {
+    SeasonFigures real = Season(1975), replay = Season(1975);
+    replay.teams[0].games = 80;  // half a season
+    for (int man = 0; man < 4; ++man) {
+        const ManKey key{"man" + std::to_string(man), "X"};
+        BatterFigures& was = real.batters[key];
+        was.bats = man < 2 ? kLeftHand : kRightHand;
+        was.total = {.AB = 480, .H = 120, .BB = 40};
+        was.vsLeft = {.AB = 160, .H = 40, .BB = 20};  // the splits have 20 walks by intent, which the totals lack
+        was.vsRight = {.AB = 320, .H = 80, .BB = 40};
+        BatterFigures& now = replay.batters[key];
+        now = was;
+        now.total.AB = man == 0 ? 240 : man == 1 ? 263 : man == 2 ? 217 : 300;  // 1, 1.096, .904 and 1.25
+        now.vsLeft.BB *= 2.0 / 3, now.vsRight.BB *= 2.0 / 3;
+    }
+    real.batters[{"few", "X"}].total.AB = 299;
+    // A pitcher's bat counts on neither side.
+    real.batters[{"pitcher", "X"}] = {"", kLeftHand, {.AB = 100}, {.AB = 50}, {.AB = 50}};
+    real.pitchers[{"pitcher", "X"}].BF = 1000;
+
+    const Comparison comparison = Compare(real, {replay}, {});
+    EXPECT_EQ(comparison.usage[0].points.size(), 4U);
+    EXPECT_NEAR(comparison.usage[0].within, 0.75, 1e-9);
+    EXPECT_NEAR(comparison.usage[0].median, (1 + 263.0 / 240) / 2, 1e-9);
+    ASSERT_EQ(comparison.platoon.size(), 6U);
+    for (std::size_t i = 0; i < 4; ++i) {
+        const PlatoonComparison& row = comparison.platoon[i];
+        EXPECT_NEAR(row.real, row.replay.mean, 1e-9) << row.batters << row.pitchers;
+        EXPECT_EQ(row.Judge(), Verdict::Aim);
+    }
+    EXPECT_NEAR(comparison.platoon[0].real, 0.25 + (40 + 20 * 2.0 / 3) / (160 + 20 * 2.0 / 3), 1e-9);
+    EXPECT_EQ(comparison.platoon[4].Judge(), Verdict::None);  // no switch hitters
 }
 
 TEST(Parks, AreMeasuredAgainstThoseThatTheClubVisits) {
