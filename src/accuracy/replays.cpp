@@ -16,6 +16,7 @@
 
 #include "base/error.h"
 #include "base/file.h"
+#include "base/tempfolder.h"
 #include "data/resets.h"
 #include "data/rules.h"
 #include "data/teams.h"
@@ -27,28 +28,6 @@ namespace tarvane {
 namespace {
 
 namespace fs = std::filesystem;
-
-// A folder that goes with the object.
-class TemporaryFolder {
-  public:
-    TemporaryFolder() {
-        std::string name = (fs::temp_directory_path() / "tarvane-replays-XXXXXX").string();
-        if (mkdtemp(name.data()) == nullptr)
-            throw UserError(
-                fmt::format("no folder can be made in {}; is the disk full?", fs::temp_directory_path().string()));
-        path_ = name;
-    }
-    TemporaryFolder(const TemporaryFolder&) = delete;
-    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-    ~TemporaryFolder() {
-        std::error_code ignored;
-        fs::remove_all(path_, ignored);
-    }
-    const fs::path& Path() const { return path_; }
-
-  private:
-    fs::path path_;
-};
 
 volatile std::sig_atomic_t replaysInterrupted = 0;
 
@@ -223,7 +202,7 @@ class ReplayCrew {
 }  // namespace
 
 std::vector<SeasonFigures> PlayReplays(Database& common, Database& season, const ReplayPlan& plan, Progress* progress) {
-    const TemporaryFolder folder;
+    const TempFolder folder;
     const InterruptGuard guard;
     CopyDatabase(common, folder.Path() / "common.mdb");
     CopyDatabase(season, folder.Path() / "season.mdb");

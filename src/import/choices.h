@@ -9,6 +9,7 @@
 
 #include "import/teamlist.h"
 #include "ratings/splits.h"
+#include "records/settings.h"
 
 namespace tarvane {
 
@@ -59,12 +60,6 @@ bool SameYear(const std::vector<LahmanTeam>& teams);
 bool CanAlign(const std::vector<LahmanTeam>& teams);
 // Leagues that the season will have: one unless the teams are aligned. Each needs an era.
 std::size_t LeagueCount(const std::vector<LahmanTeam>& teams, bool align);
-
-// Which line-ups the computer managers get.
-struct LineupChoice {
-    bool includeDH = false, noDH = false, both = true;
-    bool basedOnUsage = false;
-};
 
 // The last screen: what is generated, and with which figures.
 struct FinishSettings {

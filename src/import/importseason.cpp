@@ -1,12 +1,12 @@
 #include "import/importseason.h"
 
 #include <fmt/core.h>
-#include <stdlib.h>
 
 #include <algorithm>
 #include <map>
 
-#include "base/rounding.h"
+#include "base/tempfolder.h"
+#include "data/parks.h"
 #include "data/seasons.h"
 #include "import/lahmansource.h"
 #include "import/playerimages.h"
@@ -18,30 +18,6 @@ namespace tarvane {
 namespace fs = std::filesystem;
 
 namespace {
-
-constexpr double kPAFactorWithoutEra = 0.95;
-
-// A folder beside the seasons in which one is built; gone at the end, with whatever is still in it.
-class WorkFolder {
-  public:
-    explicit WorkFolder(const fs::path& parent) {
-        std::string name = (parent / "Import-XXXXXX").string();
-        if (mkdtemp(name.data()) == nullptr)
-            throw UserError(fmt::format("No folder can be made in {}. Check its rights and the space on the disk.",
-                                        parent.string()));
-        path_ = name;
-    }
-    WorkFolder(const WorkFolder&) = delete;
-    WorkFolder& operator=(const WorkFolder&) = delete;
-    ~WorkFolder() {
-        std::error_code ignored;
-        fs::remove_all(path_, ignored);
-    }
-    const fs::path& Path() const { return path_; }
-
-  private:
-    fs::path path_;
-};
 
 fs::path CopyTemplate(const DataPaths& paths, const fs::path& folder) {
     const fs::path file = folder / "Season.mdb";
@@ -121,10 +97,12 @@ FinishSettings FinishOf(const ImportRequest& request, const std::vector<LahmanTe
     FinishSettings finish;
     finish.eras = ErasOf(request, teams, common);
     finish.align = request.align;
-    std::vector<std::int32_t> chosen;
-    for (const auto& era : finish.eras)
-        if (era) chosen.push_back(*era);
-    finish.PAFactor = request.PAFactor ? *request.PAFactor : DefaultPAFactor(common, chosen);
+    std::vector<LeagueBaseline> baselines;
+    for (const auto& era : finish.eras) {
+        LeagueBaseline baseline;
+        if (era && LoadEraBaseline(common, *era, 0, baseline)) baselines.push_back(baseline);
+    }
+    finish.PAFactor = request.PAFactor ? *request.PAFactor : MeanPAFactor(baselines);
     finish.PitcherOutFactor = request.PitcherOutFactor;
     finish.LHBAdjust = request.splits.LHBAdjust;
     finish.RHBAdjust = request.splits.RHBAdjust;
@@ -174,19 +152,6 @@ std::optional<std::int32_t> FindEra(Database& common, int year, const std::strin
     return std::nullopt;
 }
 
-double DefaultPAFactor(Database& common, const std::vector<std::int32_t>& eras) {
-    double sum = 0;
-    int count = 0;
-    for (const std::int32_t id : eras) {
-        Recordset era = common.OpenRecordset("KorvYears", "EraID = ?", {std::int64_t{id}});
-        if (era.EndOfFile()) continue;
-        sum += era.GetDouble("PAFactor");
-        ++count;
-    }
-    if (count == 0) return kPAFactorWithoutEra;
-    return static_cast<double>(RoundHalfEven(sum / count * 1000)) / 1000;
-}
-
 void FinishSeason(Database& season, Database& common, const DataPaths& paths, const ImportSettings& settings,
                   const FinishSettings& finish, std::uint64_t seed, const ManagerGenerator& generateManagers,
                   Progress* progress) {
@@ -225,7 +190,7 @@ ImportResult ImportSeason(const ImportRequest& request, const DataPaths& paths, 
     for (const LahmanTeam& team : settings.teams) years.insert(team.yearID);
     const LahmanTables tables = source.ReadYears(years, progress);
 
-    const WorkFolder work(paths.Data08());
+    const TempFolder work(paths.Data08(), "Import");
     const fs::path file = CopyTemplate(paths, work.Path());
     Database season(file);
     result.counts = FillSeason(season, settings, tables, ReadHomeParks(common, AssetsPath() / "seeds/TeamParks.csv"),

@@ -60,7 +60,4 @@ void FinishSeason(Database& season, Database& common, const DataPaths& paths, co
 // The era of a league and year, "<year> AL", else that of all leagues, "<year> Combined"; nothing if neither is there.
 std::optional<std::int32_t> FindEra(Database& common, int year, const std::string& shortName);
 
-// The mean of the PAFactor of these eras to three decimals; 0.95 if there are none.
-double DefaultPAFactor(Database& common, const std::vector<std::int32_t>& eras);
-
 }  // namespace tarvane

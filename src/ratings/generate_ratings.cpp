@@ -116,8 +116,7 @@ GeneratorReport GeneratePlayerRatings(Database& season, Database& common, const 
     return run.report;
 }
 
-double MeanPAFactor(Database& season, Database& common) {
-    const std::vector<LeagueBaseline> baselines = ReadLeagueBaselines(season, common);
+double MeanPAFactor(const std::vector<LeagueBaseline>& baselines) {
     if (baselines.empty()) return 0.95;
     double sum = 0;
     for (const LeagueBaseline& baseline : baselines) sum += baseline.PAFactor;

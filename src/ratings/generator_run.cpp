@@ -4,6 +4,8 @@
 
 #include <stdexcept>
 
+#include "data/parks.h"
+
 namespace tarvane {
 
 NoLeaguesError::NoLeaguesError(const std::string& what, const std::string& title)
@@ -14,11 +16,11 @@ BaselineFinder::BaselineFinder(Database& season, Database& common, const Generat
     : single_(scope.player.has_value()) {
     if (single_) {
         LeagueBaseline baseline;
-        if (ReadEraBaseline(common, scope.player->EraID, baseline)) baselines_.push_back(baseline);
+        if (LoadEraBaseline(common, scope.player->EraID, 0, baseline)) baselines_.push_back(baseline);
         return;
     }
     if (!HasLeagues(season)) throw NoLeaguesError(std::string(what), std::string(title));
-    baselines_ = ReadLeagueBaselines(season, common);
+    baselines_ = LoadLeagueBaselines(common, season);
 }
 
 const LeagueBaseline* BaselineFinder::Find(const PlayerRow& player) const {

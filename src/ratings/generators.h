@@ -10,6 +10,7 @@
 #include "core/database.h"
 #include "ratings/derivation.h"
 #include "ratings/splits.h"
+#include "records/era.h"
 
 namespace tarvane {
 
@@ -62,8 +63,8 @@ GeneratorReport GenerateBatterCells(Database& season, Database& common, const Ge
 GeneratorReport GeneratePitcherCells(Database& season, Database& common, const GeneratorScope& scope, Random& random,
                                      Progress* progress = nullptr);
 
-// The mean of the eras' PAFactor to three decimals: what an import takes as the share of plate appearances to use as at
-// bats; 0.95 if no league has an era.
-double MeanPAFactor(Database& season, Database& common);
+// The mean PAFactor of the leagues' eras to three decimals: what an import takes as the share of plate appearances to
+// use as at bats; 0.95 if no league has an era.
+double MeanPAFactor(const std::vector<LeagueBaseline>& baselines);
 
 }  // namespace tarvane

@@ -7,6 +7,7 @@
 
 #include "base/error.h"
 #include "base/text.h"
+#include "data/parks.h"
 #include "data/players.h"
 #include "data/rules.h"
 #include "ratings/explain.h"
@@ -24,7 +25,7 @@ std::string_view HandName(std::int32_t hand) {
 class CardWriter {
   public:
     CardWriter(Database& season, Database& common, const ChartSettings& settings)
-        : season_(season), settings_(settings), baselines_(ReadLeagueBaselines(season, common)) {
+        : season_(season), settings_(settings), baselines_(LoadLeagueBaselines(common, season)) {
         rules_ = LoadLeagueRules(season);
         rules_.DefChartEraID = -1;  // the chart as it stands, not as a defensive era would have it
         load_.chartEditorLoad = true;

@@ -93,29 +93,6 @@ PlayerRow ReadPlayerRow(const Statement& statement, PlayerTable table) {
     return row;
 }
 
-// Column prefix and place of each position's rates.
-struct PositionColumns {
-    std::string_view prefix;
-    PositionBaseline LeagueBaseline::*rates;
-};
-constexpr std::array<PositionColumns, 7> kPositionColumns{{{"P", &LeagueBaseline::P},
-                                                           {"C", &LeagueBaseline::C},
-                                                           {"1B", &LeagueBaseline::B1},
-                                                           {"2B", &LeagueBaseline::B2},
-                                                           {"3B", &LeagueBaseline::B3},
-                                                           {"SS", &LeagueBaseline::SS},
-                                                           {"OF", &LeagueBaseline::OF}}};
-
-std::string EraQuery() {
-    std::string query =
-        "SELECT EraId, PAFactor, CPctPOSO, BBAvg, SOAvg, HBPRate, RBIAvg, AvgSOBFP, AvgBBBFP, AvgHBFP, AvgHRBFP, "
-        "AvgSPIPOutsGame, AvgRPIPOutsGame, AvgSPBFGame, AvgRPBFGame";
-    for (const PositionColumns& p : kPositionColumns) {
-        query += fmt::format(", \"{0}ErrorsRate\", \"{0}PORate\", \"{0}ARate\", \"{0}DPRate\"", p.prefix);
-    }
-    return query + " FROM KorvYears WHERE EraId = ?";
-}
-
 }  // namespace
 
 std::vector<PlayerRow> ReadPlayers(Database& season, PlayerTable table) {
@@ -209,45 +186,8 @@ StatisticsTable<LahmanFieldingRow> ReadLahmanFielding(Database& season, const st
     return table;
 }
 
-bool ReadEraBaseline(Database& common, std::int32_t eraID, LeagueBaseline& baseline) {
-    Statement query = common.Prepare(EraQuery());
-    query.Bind(1, std::int64_t{eraID});
-    if (!query.Step()) return false;
-    StatReader row(query);
-    baseline.EraID = row.Int();
-    for (double LeagueBaseline::*column :
-         {&LeagueBaseline::PAFactor, &LeagueBaseline::CPctPOSO, &LeagueBaseline::BBAvg, &LeagueBaseline::SOAvg,
-          &LeagueBaseline::HBPRate, &LeagueBaseline::RBIAvg, &LeagueBaseline::AvgSOBFP, &LeagueBaseline::AvgBBBFP,
-          &LeagueBaseline::AvgHBFP, &LeagueBaseline::AvgHRBFP}) {
-        baseline.*column = row.Double();
-    }
-    for (std::int16_t LeagueBaseline::*column : {&LeagueBaseline::AvgSPIPOutsGame, &LeagueBaseline::AvgRPIPOutsGame,
-                                                 &LeagueBaseline::AvgSPBFGame, &LeagueBaseline::AvgRPBFGame}) {
-        baseline.*column = static_cast<std::int16_t>(row.Int());
-    }
-    for (const PositionColumns& p : kPositionColumns) {
-        PositionBaseline& rates = baseline.*p.rates;
-        rates.ErrorsRate = row.Double();
-        rates.PORate = row.Double();
-        rates.ARate = row.Double();
-        rates.DPRate = row.Double();
-    }
-    return true;
-}
-
 bool HasLeagues(Database& season) {
     return season.Prepare("SELECT lgIdx FROM Leagues LIMIT 1").Step();
-}
-
-std::vector<LeagueBaseline> ReadLeagueBaselines(Database& season, Database& common) {
-    std::vector<LeagueBaseline> baselines;
-    Statement leagues = season.Prepare("SELECT lgIdx, EraID FROM Leagues ORDER BY rowid LIMIT 3");
-    while (leagues.Step()) {
-        LeagueBaseline baseline;
-        baseline.lgIdx = static_cast<std::int16_t>(leagues.Int(0));
-        if (ReadEraBaseline(common, static_cast<std::int32_t>(leagues.Int(1)), baseline)) baselines.push_back(baseline);
-    }
-    return baselines;
 }
 
 }  // namespace tarvane

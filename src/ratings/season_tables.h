@@ -74,11 +74,6 @@ StatisticsTable<LahmanBattingRow> ReadLahmanBatting(Database& season, const std:
 StatisticsTable<LahmanPitchingRow> ReadLahmanPitching(Database& season, const std::optional<std::string>& team = {});
 StatisticsTable<LahmanFieldingRow> ReadLahmanFielding(Database& season, const std::optional<std::string>& team = {});
 
-// The baselines of the season's leagues, at most three; a league whose era isn't in KorvYears has none.
-std::vector<LeagueBaseline> ReadLeagueBaselines(Database& season, Database& common);
 bool HasLeagues(Database& season);
-
-// The baseline of one era; false if KorvYears doesn't have it.
-bool ReadEraBaseline(Database& common, std::int32_t eraID, LeagueBaseline& baseline);
 
 }  // namespace tarvane

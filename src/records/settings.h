@@ -56,4 +56,10 @@ struct ScreenSettings {
 // The user's own sounds of a game by column name, VisitorSingle to HomeBadPlay; empty names are left out.
 using GamePlaySounds = std::map<std::string, std::string>;
 
+// Which line-ups an import asks for from the generated computer managers.
+struct LineupChoice {
+    bool includeDH = false, noDH = false, both = true;
+    bool basedOnUsage = false;
+};
+
 }  // namespace tarvane

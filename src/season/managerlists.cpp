@@ -84,4 +84,11 @@ int GenerateSeasonManagers(Database& season, const GenerateOptions& options, Pro
     return total;
 }
 
+void GenerateImportedManagers(Database& season, const LineupChoice& choice, Progress* progress) {
+    GenerateOptions options;
+    options.lineups = choice.both ? DHLists::Both : choice.includeDH ? DHLists::DH : DHLists::NoDH;
+    options.basedOnUsage = choice.basedOnUsage;
+    GenerateSeasonManagers(season, options, progress);
+}
+
 }  // namespace tarvane

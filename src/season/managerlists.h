@@ -5,6 +5,7 @@
 #include "base/progress.h"
 #include "core/database.h"
 #include "manager/generate.h"
+#include "records/settings.h"
 
 namespace tarvane {
 
@@ -12,6 +13,9 @@ namespace tarvane {
 // ComputerManager: everything or nothing. Returns the number of teams. Throws UserError for a team that isn't there.
 void GenerateTeamManager(Database& season, const std::string& teamID, const GenerateOptions& options);
 int GenerateSeasonManagers(Database& season, const GenerateOptions& options, Progress* progress = nullptr);
+
+// What an import has made for the clubs of a new season, by its choice of line-ups.
+void GenerateImportedManagers(Database& season, const LineupChoice& choice, Progress* progress);
 
 // Writes the tendencies to the team's row.
 void SaveTendencies(Database& season, const std::string& teamID, const ManagerTendencies& tendencies);

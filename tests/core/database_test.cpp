@@ -9,7 +9,7 @@
 #include <random>
 
 #include "base/file.h"
-#include "core/tempfolder.h"
+#include "base/tempfolder.h"
 
 namespace tarvane {
 

@@ -6,7 +6,7 @@
 
 #include "base/error.h"
 #include "base/file.h"
-#include "core/tempfolder.h"
+#include "base/tempfolder.h"
 
 namespace tarvane {
 

@@ -4,9 +4,9 @@
 #include <utility>
 #include <vector>
 
+#include "base/tempfolder.h"
 #include "core/database.h"
 #include "core/messages.h"
-#include "core/tempfolder.h"
 #include "data/schema.h"
 
 namespace tarvane {

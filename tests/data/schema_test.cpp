@@ -5,8 +5,8 @@
 #include <map>
 #include <set>
 
+#include "base/tempfolder.h"
 #include "base/text.h"
-#include "core/tempfolder.h"
 
 namespace tarvane {
 

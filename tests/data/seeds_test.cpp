@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "base/file.h"
-#include "core/tempfolder.h"
+#include "base/tempfolder.h"
 #include "data/schema.h"
 
 namespace tarvane {

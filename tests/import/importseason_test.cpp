@@ -142,12 +142,6 @@ TEST_F(ImportTest, SameRequestSameFile) {
 }
 
 TEST_F(ImportTest, FigureOfTheErasAndItsOverride) {
-    const auto factor = [&](std::int32_t era) {
-        return common_->OpenRecordset("KorvYears", "EraID = ?", {std::int64_t{era}}).GetDouble("PAFactor");
-    };
-    const double mean = (factor(19301) + factor(19302)) / 2;
-    EXPECT_NEAR(DefaultPAFactor(*common_, {19301, 19302}), mean, 0.0005);
-    EXPECT_EQ(DefaultPAFactor(*common_, {}), 0.95);
     EXPECT_EQ(FindEra(*common_, 1930, "NL"), 19302);
     EXPECT_EQ(FindEra(*common_, 1930, "XL"), 19300) << "all leagues together";
     EXPECT_EQ(FindEra(*common_, 1830, "NL"), std::nullopt);

@@ -9,29 +9,12 @@
 
 #include "base/error.h"
 #include "base/file.h"
+#include "base/tempfolder.h"
 #include "import/mdbreader.h"
 
 namespace tarvane::test {
 
 namespace fs = std::filesystem;
-
-// A folder of its own for one test, gone with it.
-class TempFolder {
-  public:
-    TempFolder() {
-        std::string name = (fs::temp_directory_path() / "tarvane-import-XXXXXX").string();
-        path_ = mkdtemp(name.data());
-    }
-    TempFolder(const TempFolder&) = delete;
-    TempFolder& operator=(const TempFolder&) = delete;
-    ~TempFolder() { fs::remove_all(path_); }
-
-    const fs::path& Path() const { return path_; }
-    fs::path operator/(const std::string& name) const { return path_ / name; }
-
-  private:
-    fs::path path_;
-};
 
 inline std::size_t EntryCount(const fs::path& folder) {
     return static_cast<std::size_t>(std::distance(fs::recursive_directory_iterator(folder), {}));

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "../core/tempfolder.h"
+#include "base/tempfolder.h"
 #include "core/database.h"
 #include "data/schema.h"
 #include "ratings/generators.h"

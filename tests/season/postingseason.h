@@ -39,11 +39,9 @@ inline void WriteRoundRobin(Database& season, int rounds) {
 
 // The sample league with a schedule.
 inline std::unique_ptr<PlayableSeason> MakeScheduledSeason(int rounds) {
-    std::string name = (fs::temp_directory_path() / "tarvane-posting-XXXXXX").string();
-    const fs::path folder = mkdtemp(name.data());
-    WriteSampleLeague(folder, 11);
-    auto made = std::make_unique<PlayableSeason>(folder, kSampleYear);
-    fs::remove_all(folder);
+    const TempFolder folder;
+    WriteSampleLeague(folder.Path(), 11);
+    auto made = std::make_unique<PlayableSeason>(folder.Path(), kSampleYear);
     WriteRoundRobin(*made->season, rounds);
     return made;
 }

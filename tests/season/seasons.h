@@ -1,10 +1,10 @@
 #pragma once
 
-#include <cstdlib>
 #include <filesystem>
 #include <memory>
 #include <string>
 
+#include "base/tempfolder.h"
 #include "core/paths.h"
 #include "data/seeds.h"
 #include "import/importseason.h"
@@ -19,8 +19,6 @@ namespace fs = std::filesystem;
 class PlayableSeason {
   public:
     PlayableSeason(const fs::path& csv, int year) {
-        std::string name = (fs::temp_directory_path() / "tarvane-season-XXXXXX").string();
-        folder_ = mkdtemp(name.data());
         const DataPaths paths{folder_ / "data"};
         fs::create_directories(paths.Data08());
         MakeDataFiles(paths, AssetsPath() / "seeds");
@@ -29,11 +27,8 @@ class PlayableSeason {
         request.seasonName = "Test";
         request.source = csv;
         request.teams = {{year, ""}};
-        request.generateManagers = [](Database& made, const LineupChoice&, Progress* progress) {
-            GenerateOptions options;
-            options.basedOnUsage = true;
-            GenerateSeasonManagers(made, options, progress);
-        };
+        request.lineups.basedOnUsage = true;
+        request.generateManagers = GenerateImportedManagers;
         ImportSeason(request, paths, *common);
         season = std::make_unique<Database>(paths.SeasonFile("Test"));
     }
@@ -42,13 +37,12 @@ class PlayableSeason {
     ~PlayableSeason() {
         season.reset();
         common.reset();
-        fs::remove_all(folder_);
     }
 
     std::unique_ptr<Database> common, season;
 
   private:
-    fs::path folder_;
+    TempFolder folder_;
 };
 
 }  // namespace tarvane::testing

@@ -60,11 +60,8 @@ class SeasonFolder {
         request.seasonName = "Test";
         request.source = csv;
         request.teams = {{kSampleYear, ""}};
-        request.generateManagers = [](Database& made, const LineupChoice&, Progress* progress) {
-            GenerateOptions options;
-            options.basedOnUsage = true;
-            GenerateSeasonManagers(made, options, progress);
-        };
+        request.lineups.basedOnUsage = true;
+        request.generateManagers = GenerateImportedManagers;
         ImportSeason(request, paths, common);
         Database season(paths.SeasonFile("Test"));
         WriteRoundRobin(season, 5);

@@ -1,11 +1,11 @@
 // The command that measures the engine and prints the signature of its behaviour.
 
 #include <fmt/format.h>
-#include <unistd.h>
 
 #include <chrono>
 
 #include "base/error.h"
+#include "base/tempfolder.h"
 #include "import/importseason.h"
 #include "installation.h"
 #include "sample/sampleleague.h"
@@ -19,24 +19,6 @@ namespace {
 constexpr long kDefaultGames = 2000;
 constexpr std::size_t kLeakGames = 48;  // played before and after all others: they must come out the same
 constexpr std::size_t kBatch = 256;  // games played between two readings of the clock, then hashed outside the timing
-
-// A folder of this process below the system's temporary folder, gone when it ends.
-class ScratchFolder {
-  public:
-    ScratchFolder() : path_(std::filesystem::temp_directory_path() / fmt::format("tarvane-bench-{}", getpid())) {
-        std::filesystem::create_directories(path_);
-    }
-    ~ScratchFolder() {
-        std::error_code ignored;
-        std::filesystem::remove_all(path_, ignored);
-    }
-    ScratchFolder(const ScratchFolder&) = delete;
-    ScratchFolder& operator=(const ScratchFolder&) = delete;
-    const std::filesystem::path& Path() const { return path_; }
-
-  private:
-    std::filesystem::path path_;
-};
 
 // FNV-1a over whole numbers: simple, and the same everywhere.
 class Signature {
@@ -92,9 +74,7 @@ std::vector<GameSetup> MakePairings(const Context& context, const std::filesyste
     request.seasonName = "Bench";
     request.source = scratch / "sample";
     request.teams = {{kSampleYear, {}}};
-    request.generateManagers = [](Database& season, const LineupChoice&, Progress* progress) {
-        GenerateSeasonManagers(season, GenerateOptions{}, progress);
-    };
+    request.generateManagers = GenerateImportedManagers;
     ImportSeason(request, installation.Paths(), installation.Common());
     Database season = installation.OpenSeason("Bench");
     std::vector<std::string> codes;
@@ -142,7 +122,7 @@ BenchResult PlayAll(const std::vector<GameSetup>& pairings, std::size_t games, b
 
 int Bench(const Context& context, const Options& options) {
     const auto games = static_cast<std::size_t>(options.Number("--games", kDefaultGames, 1, 10'000'000));
-    const ScratchFolder scratch;
+    const TempFolder scratch;
     const auto pairings = MakePairings(context, scratch.Path());
     const std::uint64_t before = PlayAll(pairings, kLeakGames, true).signature;
     const BenchResult alone = PlayAll(pairings, games, false);

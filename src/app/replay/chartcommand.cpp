@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include "data/parks.h"
 #include "installation.h"
 #include "ratings/generators.h"
 #include "ratings/player_card.h"
@@ -12,7 +13,8 @@ int ShowChart(const Context& context, const Options& options) {
     Installation installation(context);
     Database season = installation.OpenSeason(options.Positional(0));
     ChartSettings settings;
-    settings.PAFactorOverride = options.Real("--pa-factor").value_or(MeanPAFactor(season, installation.Common()));
+    settings.PAFactorOverride =
+        options.Real("--pa-factor").value_or(MeanPAFactor(LoadLeagueBaselines(installation.Common(), season)));
     fmt::print("{}",
                PlayerCard(season, installation.Common(), options.Text("--player"), options.Text("--team"), settings));
     return 0;

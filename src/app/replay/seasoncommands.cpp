@@ -65,12 +65,7 @@ ImportRequest RequestOf(const Options& options) {
     request.retro = options.Has("--retro");
     request.seed = options.Seed().value_or(1);
     request.lineups.basedOnUsage = true;  // the men who really played, not the best charts of a few at bats
-    request.generateManagers = [](Database& season, const LineupChoice& lineups, Progress* progress) {
-        GenerateOptions choice;
-        choice.lineups = lineups.both ? DHLists::Both : lineups.includeDH ? DHLists::DH : DHLists::NoDH;
-        choice.basedOnUsage = lineups.basedOnUsage;
-        GenerateSeasonManagers(season, choice, progress);
-    };
+    request.generateManagers = GenerateImportedManagers;
     return request;
 }
 
