@@ -119,7 +119,9 @@ TEST(Documents, AreFiledUnderTheNamesOfTheSchedule) {
     Played game(2);
     game.data.team[Side::Visitor].roster.team.teamID = "NYA";
     game.data.team[Side::Home].roster.team.teamID = "BOS";
-    GameFilesChoice choice{true, true, 'T', {}};
+    GameFilesChoice choice;
+    choice.boxScore = choice.scoreSheet = true;
+    choice.format = 'T';
     LeagueRules rules;
     EXPECT_EQ(NameGameFiles(choice, rules, game.data, 12).boxScore, "BoxScoreNYA@BOS12.txt");
     rules.TourneyMode = true;
