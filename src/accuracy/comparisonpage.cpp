@@ -20,7 +20,7 @@ constexpr const char* kPageStyle =
     ".plots{display:grid;grid-template-columns:repeat(auto-fill,minmax(310px,1fr));gap:14px}\n"
     ".wide{display:grid;grid-template-columns:repeat(auto-fit,minmax(440px,1fr));gap:14px}\n"
     "svg.plot{width:100%;height:auto;border:1px solid #d5dde5;border-radius:6px;background:#fff}\n"
-    ".title{font-size:14px;font-weight:600;fill:#1b2733}.axis{font-size:12px;fill:#465563}"
+    ".title{font-size:13px;font-weight:600;fill:#1b2733}.axis{font-size:12px;fill:#465563}"
     ".tick{font-size:11px;fill:#465563}\n"
     ".grid{stroke:#e6ebf0}.even{stroke:#5c6b79;stroke-dasharray:4 3}.dot{fill:#1f6fb2;fill-opacity:.55}\n"
     ".band{fill:#dfe9f2}.inner{fill:#bcd3e6}.bar{fill:#2f855a}.bad{fill:#c2410c}\n"
@@ -28,7 +28,7 @@ constexpr const char* kPageStyle =
     "caption{text-align:left;font-weight:600;padding:10px 0 4px}\n"
     "th,td{padding:2px 10px;text-align:right;border-bottom:1px solid #e6ebf0}th{background:#f1f5f8}\n"
     "th.left,td.left{text-align:left}td.FAIL{color:#b32d00;font-weight:700}td.aim{color:#1d6b44}td.ok{color:#4d5b00}\n"
-    "@media print{body{margin:0;max-width:none;font-size:11px}svg.plot,table{break-inside:avoid}"
+    "@media print{body{margin:0;max-width:none;font-size:11px}svg.plot,table{break-inside:avoid}h2,p{break-after:avoid}"
     ".plots{grid-template-columns:repeat(3,1fr)}.wide{grid-template-columns:repeat(2,1fr)}}\n";
 
 std::string RateBars(const Comparison& comparison) {
@@ -88,7 +88,8 @@ std::string UsePlots(const Comparison& comparison) {
     std::string svg;
     for (const UsageComparison& row : comparison.usage) {
         ScatterPlot plot;
-        plot.title = fmt::format("{} a team's game ({:.0f} % from 0.9 to 1.1)", row.what, row.within * 100);
+        plot.title = fmt::format("{}: {:.0f} % within a tenth", row.what, row.within * 100);
+        plot.across = "real, a team's game";
         plot.decimals = 1;
         plot.points = PlotPoints(row.points, 2);
         plot.noise = [](double value) { return value * 0.05; };  // the band of a tenth, which the bound speaks of
