@@ -15,8 +15,9 @@ namespace tarvane::calibrate {
 
 namespace {
 
-constexpr std::array<double Adjustment::*, 6> kFactors{&Adjustment::AvgHBFP, &Adjustment::AvgSOBFP, &Adjustment::BBAvg,
-                                                       &Adjustment::HBPRate, &Adjustment::RBIAvg, &Adjustment::Errors};
+constexpr std::array<double Adjustment::*, 6> kFactors{&Adjustment::AvgHBFP, &Adjustment::AvgSOBFP,
+                                                       &Adjustment::BBAvg,   &Adjustment::HBPRate,
+                                                       &Adjustment::RBIAvg,  &Adjustment::Errors};
 constexpr std::array<double ChartWishes::*, 4> kWishes{&ChartWishes::Doubles, &ChartWishes::Triples, &ChartWishes::HR,
                                                        &ChartWishes::SO};
 constexpr const char* kPositions[] = {"P", "C", "1B", "2B", "3B", "SS", "OF"};
@@ -183,24 +184,28 @@ EraRow EraTable::Adjusted(std::int32_t eraID, const Adjustment& a) const {
 
 void EraTable::WriteSeed(const std::filesystem::path& file, const Adjustments& adjustments) const {
     std::string text = comments_;
-    text += "# Calibrated by tarvane-calibrate, so that a replayed season comes out as the real one: AvgHBFP, AvgSOBFP, "
-            "BBAvg, HBPRate, RBIAvg, the ...ErrorsRate and the chart.\n";
+    text +=
+        "# Calibrated by tarvane-calibrate, so that a replayed season comes out as the real one: AvgHBFP, AvgSOBFP, "
+        "BBAvg, HBPRate, RBIAvg, the ...ErrorsRate and the chart.\n";
     std::vector<std::string> columns = columns_;
     for (const char* kind : {"", "Color"})
         for (int roll = kFirstRoll; roll <= kLastRoll; ++roll) columns.push_back(fmt::format("Roll{}{}", roll, kind));
     text += fmt::format("{}\n", fmt::join(columns, ","));
     for (const auto& [id, facts] : rows_) {
         const auto range = [&](const char* column) { return static_cast<int>(NumberOf(facts.at(column))); };
-        const EraRow changed =
-            Adjusted(id, AdjustmentFor(id, range("yearID"), range("EraRangeEnd"), adjustments));
+        const EraRow changed = Adjusted(id, AdjustmentFor(id, range("yearID"), range("EraRangeEnd"), adjustments));
         std::string line;
         for (const std::string& column : columns) {
             const auto found = changed.find(column);
             std::string cell;
-            if (found == changed.end()) cell = Quoted(facts.at(column));
-            else if (const auto* number = std::get_if<double>(&found->second)) cell = Digits(*number);
-            else if (const auto* whole = std::get_if<std::int64_t>(&found->second)) cell = *whole == kGreenWord ? "" : fmt::format("{}", *whole);
-            else if (const auto& words = std::get<std::string>(found->second); words != " ") cell = words;
+            if (found == changed.end())
+                cell = Quoted(facts.at(column));
+            else if (const auto* number = std::get_if<double>(&found->second))
+                cell = Digits(*number);
+            else if (const auto* whole = std::get_if<std::int64_t>(&found->second))
+                cell = *whole == kGreenWord ? "" : fmt::format("{}", *whole);
+            else if (const auto& words = std::get<std::string>(found->second); words != " ")
+                cell = words;
             line += (line.empty() ? "" : ",") + cell;
         }
         text += line + '\n';

@@ -31,8 +31,8 @@ using Adjustments = std::map<std::int32_t, Adjustment>;
 Adjustments ReadAdjustments(const std::filesystem::path& file);
 void WriteAdjustments(const std::filesystem::path& file, const Adjustments& adjustments);
 
-// The adjustment of any era, calibrated or not: a league's lies between those of its calibrated neighbours in time; that
-// of all leagues together, of a third league and of a span is the mean of the two old leagues'.
+// The adjustment of any era, calibrated or not: a league's lies between those of its calibrated neighbours in time;
+// that of all leagues together, of a third league and of a span is the mean of the two old leagues'.
 Adjustment AdjustmentFor(std::int32_t eraID, int year, int lastYear, const Adjustments& adjustments);
 
 // The rates of all eras as the record has them.

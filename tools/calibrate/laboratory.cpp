@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "accuracy/figures.h"
 #include "base/error.h"
 #include "data/seeds.h"
 #include "data/upgrade.h"
@@ -101,11 +102,13 @@ Openness Laboratory::OpennessOf(const std::string& league) {
     return open;
 }
 
-LeagueRates Laboratory::Real(const std::string& league) {
-    return RealRates(*season_, league);
+Counts Laboratory::Real(const std::string& league) {
+    const auto found = std::find(leagues_.begin(), leagues_.end(), league);
+    const SeasonFigures real = ReadRealFigures(*season_);
+    return real.leagues.at(static_cast<std::size_t>(found - leagues_.begin())).counts;
 }
 
-LeagueRates Laboratory::Play(const std::string& league, long games, std::uint64_t seed) {
+Counts Laboratory::Play(const std::string& league, long games, std::uint64_t seed) {
     const auto codes = Texts(*season_, "SELECT teamID FROM KorvTeams WHERE lgID = ? ORDER BY TeamIdx", {league});
     if (codes.size() < 2) throw UserError("league " + league + " has fewer than two teams");
     const auto teams = static_cast<long>(codes.size());
@@ -121,7 +124,7 @@ LeagueRates Laboratory::Play(const std::string& league, long games, std::uint64_
             }
         }
     }
-    return ReplayRates(tally);
+    return CountsOf(tally);
 }
 
 }  // namespace tarvane::calibrate

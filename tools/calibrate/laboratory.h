@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
+#include "accuracy/counts.h"
 #include "core/database.h"
 #include "core/paths.h"
-#include "leaguerates.h"
 #include "yearchart.h"
 
 namespace tarvane::calibrate {
@@ -32,10 +32,10 @@ class Laboratory {
 
     // Of the league's pitchers, by the batters they really faced; nothing is to be laid on the cells where it is 0.
     Openness OpennessOf(const std::string& league);
-    LeagueRates Real(const std::string& league);
+    Counts Real(const std::string& league);
     // Games between all teams of a league, several starters each, nobody in need of rest. The same seed is the same
     // games.
-    LeagueRates Play(const std::string& league, long games, std::uint64_t seed);
+    Counts Play(const std::string& league, long games, std::uint64_t seed);
 
     Database& Common() { return *common_; }
 

@@ -1,4 +1,11 @@
 // Works out the year charts and baselines of seasons from the real rates and our own games, and writes the seed table.
+//
+// For each year the season is made from the Lahman tables as a user makes it, games between all clubs of a league are
+// played by computer managers, and what is measured moves the year's row (yearfit.h): the pitchers' baselines give hits
+// and strikeouts, the batters' walks and hit batsmen, the runs-batted-in baseline runs (it doubles the outs that bring
+// runners home), the fielders' errors, and the chart doubles, triples and home runs, which it makes of singles or turns
+// into them. Seven rounds with a fixed seed; a step shrinks as the noise of the games begins to count. The chart that
+// is kept is the last one found.
 
 #include <fmt/format.h>
 #include <unistd.h>
@@ -45,12 +52,12 @@ std::int32_t EraOf(int year, const std::string& league) {
     return year * 10 + (league == "AL" ? 1 : league == "NL" ? 2 : 3);
 }
 
-void PrintRatios(int year, const std::string& league, int round, const LeagueRates& real, const LeagueRates& replay) {
+// Replayed over real rates.
+void PrintRatios(int year, const std::string& league, int round, const Counts& real, const Counts& replay) {
     fmt::print("{} {} {}", year, league, round);
-    const auto reals = Listed(real), replays = Listed(replay);
-    for (std::size_t i = 0; i < reals.size(); ++i) {
-        if (!reals[i].value || *reals[i].value == 0) continue;
-        fmt::print(" {} {:.3f}", reals[i].name, *replays[i].value / *reals[i].value);
+    for (const LeagueRate& rate : LeagueRates()) {
+        const auto is = RateOf(rate, replay), was = RateOf(rate, real);
+        if (is && was && *was > 0) fmt::print(" {} {:.3f}", rate.name, *is / *was);
     }
     fmt::print("\n");
     std::fflush(stdout);
@@ -68,11 +75,11 @@ void CalibrateYear(int year, Laboratory& lab, const EraTable& facts, Adjustments
             lab.SetEra(EraOf(year, league), facts.Adjusted(EraOf(year, league), adjustment));
         lab.MakeSeason(year);
         for (auto& [league, adjustment] : trial) {
-            const LeagueRates real = lab.Real(league);
-            const LeagueRates replay = lab.Play(league, round < 2 ? kFirstGames : kLaterGames, kSeed);
+            const Counts real = lab.Real(league);
+            const Counts replay = lab.Play(league, round < 2 ? kFirstGames : kLaterGames, kSeed);
             PrintRatios(year, league, round, real, replay);
-            adjustment = NextAdjustment(adjustment, facts, EraOf(year, league), real, replay,
-                                        lab.OpennessOf(league), GainOf(round));
+            adjustment = NextAdjustment(adjustment, facts, EraOf(year, league), real, replay, lab.OpennessOf(league),
+                                        GainOf(round));
         }
     }
     for (const auto& [league, adjustment] : trial) adjustments[EraOf(year, league)] = adjustment;

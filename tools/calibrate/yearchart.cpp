@@ -57,7 +57,8 @@ double Miss(const Labels& labels, const ChartWishes& wishes, const SheetRates& r
 }
 
 // Takes a change for good if it comes nearer.
-bool Keep(Labels& labels, const Labels& tried, double& best, const ChartWishes& wishes, const SheetRates& rates, const Openness& open) {
+bool Keep(Labels& labels, const Labels& tried, double& best, const ChartWishes& wishes, const SheetRates& rates,
+          const Openness& open) {
     const double miss = Miss(tried, wishes, rates, open);
     if (miss >= best - 1e-12) return false;
     best = miss;
@@ -65,7 +66,8 @@ bool Keep(Labels& labels, const Labels& tried, double& best, const ChartWishes& 
     return true;
 }
 
-bool ImproveOnce(Labels& labels, double& best, const ChartWishes& wishes, const SheetRates& rates, const Openness& open) {
+bool ImproveOnce(Labels& labels, double& best, const ChartWishes& wishes, const SheetRates& rates,
+                 const Openness& open) {
     bool better = false;
     for (std::size_t cell = 0; cell < kChartRows; ++cell) {
         if (open[cell] == 0) continue;
@@ -93,8 +95,8 @@ bool ImproveOnce(Labels& labels, double& best, const ChartWishes& wishes, const 
 
 // Most pitchers carry their walks on the heavy cells. The six lightest give automatic outs and, to a tired pitcher,
 // singles, by the team in the field; so nothing is laid there, nor on the cell that leads to the Yellow X chart.
-const Openness kUsualOpenness{0,    0,    0,    0,    0,    0,    1.0,  0.66, 0.62, 0.75, 0.80, 0.73, 0.58, 0.78, 0.94,
-                              0.99, 0.9,  0.93, 0.67, 0.23, 0.76, 0.93, 0.71, 0.91, 0.97, 1.0,  0.86, 0.61, 0,    0.9};
+const Openness kUsualOpenness{0,    0,   0,    0,    0,    0,    1.0,  0.66, 0.62, 0.75, 0.80, 0.73, 0.58, 0.78, 0.94,
+                              0.99, 0.9, 0.93, 0.67, 0.23, 0.76, 0.93, 0.71, 0.91, 0.97, 1.0,  0.86, 0.61, 0,    0.9};
 
 ChartCell YearCell(const std::string& text) {
     return {text, text == "K" ? kBlueWord : kGreenWord};

@@ -9,7 +9,7 @@ Adjustment UsualAdjustment();
 
 // One step of the fixed-point iteration: what was measured with an adjustment gives the next one. gain is how much of
 // the way it goes, 1 at first, less as the measured rates come near enough for their noise to count.
-Adjustment NextAdjustment(const Adjustment& now, const EraTable& facts, std::int32_t eraID, const LeagueRates& real,
-                          const LeagueRates& replay, const Openness& open, double gain);
+Adjustment NextAdjustment(const Adjustment& now, const EraTable& facts, std::int32_t eraID, const Counts& real,
+                          const Counts& replay, const Openness& open, double gain);
 
 }  // namespace tarvane::calibrate
