@@ -26,12 +26,7 @@ ImportRequest RequestFor(int year, const std::filesystem::path& source) {
     request.teams = {{year, {}}};
     request.overwrite = true;
     request.lineups.basedOnUsage = true;
-    request.generateManagers = [](Database& season, const LineupChoice& lineups, Progress*) {
-        GenerateOptions choice;
-        choice.lineups = lineups.both ? DHLists::Both : lineups.includeDH ? DHLists::DH : DHLists::NoDH;
-        choice.basedOnUsage = lineups.basedOnUsage;
-        GenerateSeasonManagers(season, choice);
-    };
+    request.generateManagers = GenerateImportedManagers;
     return request;
 }
 
