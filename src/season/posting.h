@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -24,10 +25,13 @@ struct PostingReport {
     bool schedulePosted = false;
     PerSide<bool> latest{{false, false}};  // no game of this team that stands later in the schedule had been played
     bool movedMen = false;                 // rows of men who changed teams (998) were added to
+    std::optional<Side> seriesWinner;      // of a tournament game: whose series it decided
 };
 
-// The only writer of season statistics. It keeps its statements from game to game: make one and post many games; while
-// it lives, nobody else marks games of this season as played.
+// The only writer of season statistics. While a tournament is on (LeagueRules.TourneyMode) the tables of the tournament
+// take the place of the league's: no division, no pairings, no streaks and no rows of moved men, but a series' wins and
+// losses, and the bracket when it is decided. It keeps its statements from game to game: make one and post many games;
+// while it lives, nobody else marks games of this season as played.
 class GamePoster {
   public:
     explicit GamePoster(Database& season);

@@ -29,11 +29,11 @@ void TeamColumns(Books& t, Visit& visit) {
 }
 
 template <class Visit>
-void ScheduleColumns(const PostingStatements::ScheduleResult& s, Visit& visit) {
+void ScheduleColumns(const PostingStatements::ScheduleResult& s, bool tourney, Visit& visit) {
     visit("", "VisitorScore", s.team[Side::Visitor].runs);
     visit("", "HomeScore", s.team[Side::Home].runs);
     visit("", "Innings", s.innings);
-    visit("", "DivGame", s.divisionGame ? -1 : 0);
+    if (!tourney) visit("", "DivGame", s.divisionGame ? -1 : 0);
     visit("", "ResultsFile1", s.resultsFile1);
     visit("", "ResultsFile2", s.resultsFile2);
     for (const Side side : kBothSides) {
@@ -74,6 +74,19 @@ void LogColumns(const PitcherLogRow& row, bool injuries, Visit& visit) {
     visit("", "PitcherRestDays", row.PitcherRestDays);
     visit("", "PitchedOnDay", row.PitchedOnDay);
     PlayerBattingColumns(row.batting, visit);
+}
+
+const char* TeamTable(bool tourney) {
+    return tourney ? "TourneyTeams" : "KorvTeams";
+}
+const char* BattersOf(bool tourney) {
+    return tourney ? "TourneyBatters" : "KorvBatters";
+}
+const char* PitchersOf(bool tourney) {
+    return tourney ? "TourneyPitchers" : "KorvPitchers";
+}
+const char* FieldersOf(bool tourney) {
+    return tourney ? "TourneyFieldingStats" : "FieldingStats";
 }
 
 // A player's whole row as a game changes it; and what of it changes for a man who sat.
@@ -134,24 +147,25 @@ std::string SelectPlayer(std::string_view table) {
     return fmt::format("SELECT {} FROM {} WHERE playerID = ?", names.Joined(), table);
 }
 
-std::string SelectTeam() {
+std::string SelectTeam(bool tourney) {
     const TeamBooks none;
     ColumnNamer names;
     TeamColumns(none, names);
-    return fmt::format("SELECT {} FROM KorvTeams WHERE TeamIdx = ?", names.Joined());
+    return fmt::format("SELECT {} FROM {} WHERE TeamIdx = ?", names.Joined(), TeamTable(tourney));
 }
 
-std::string UpdateTeam() {
+std::string UpdateTeam(bool tourney) {
     const TeamBooks none;
     ColumnNamer names;
     TeamColumns(none, names);
-    return fmt::format("UPDATE KorvTeams SET {} WHERE TeamIdx = ?", names.Joined(" = ?"));
+    return fmt::format("UPDATE {} SET {} WHERE TeamIdx = ?", TeamTable(tourney), names.Joined(" = ?"));
 }
 
-std::string UpdateSchedule() {
+std::string UpdateSchedule(bool tourney) {
     ColumnNamer names;
-    ScheduleColumns({}, names);
-    return fmt::format("UPDATE Schedule SET Played = -1, {} WHERE GameID = ? RETURNING GameID", names.Joined(" = ?"));
+    ScheduleColumns({}, tourney, names);
+    return fmt::format("UPDATE {} SET Played = -1, {} WHERE GameID = ? RETURNING GameID",
+                       tourney ? "TourneySchedule" : "Schedule", names.Joined(" = ?"));
 }
 
 std::string FieldingNames(std::string_view suffix) {
@@ -202,36 +216,37 @@ void WriteSeated(Statement& statement, const Man& man, bool injuries, const std:
 
 }  // namespace
 
-PostingStatements::PostingStatements(Database& season, bool injuries)
+PostingStatements::PostingStatements(Database& season, bool injuries, bool tourney)
     : season_(season),
       injuries_(injuries),
-      readTeam_(Make(SelectTeam())),
-      writeTeam_(Make(UpdateTeam())),
-      writeBatter_(Make(UpdatePlayer<Batter>("KorvBatters", injuries, "playerID = ? AND teamID = ?"))),
-      writePitcher_(Make(UpdatePlayer<Pitcher>("KorvPitchers", injuries, "playerID = ? AND teamID = ?"))),
-      idleBatter_(Make(UpdateIdle<Batter>("KorvBatters", injuries))),
-      idlePitcher_(Make(UpdateIdle<Pitcher>("KorvPitchers", injuries))),
+      tourney_(tourney),
+      readTeam_(Make(SelectTeam(tourney))),
+      writeTeam_(Make(UpdateTeam(tourney))),
+      writeBatter_(Make(UpdatePlayer<Batter>(BattersOf(tourney), injuries, "playerID = ? AND teamID = ?"))),
+      writePitcher_(Make(UpdatePlayer<Pitcher>(PitchersOf(tourney), injuries, "playerID = ? AND teamID = ?"))),
+      idleBatter_(Make(UpdateIdle<Batter>(BattersOf(tourney), injuries))),
+      idlePitcher_(Make(UpdateIdle<Pitcher>(PitchersOf(tourney), injuries))),
       readBatter_(Make(SelectPlayer<Batter>("KorvBatters"))),
       readPitcher_(Make(SelectPlayer<Pitcher>("KorvPitchers"))),
       writeMovedBatter_(Make(UpdatePlayer<Batter>("KorvBatters", false, "playerID = ?"))),
       writeMovedPitcher_(Make(UpdatePlayer<Pitcher>("KorvPitchers", false, "playerID = ?"))),
       // The key of a man and the letter of his table; ids of batters and pitchers overlap. The sign keeps the search on
       // the index of players, whose entries are few.
-      readFielding_(Make(fmt::format(
-          "SELECT rowid, GamesAtPos, {} FROM FieldingStats WHERE playerID = ? AND Position = ? AND playerType = ? "
-          "AND +teamID = ?",
-          FieldingNames("")))),
-      writeFielding_(Make(fmt::format("UPDATE FieldingStats SET GamesAtPos = ?, {}, FieldingPct = ? WHERE rowid = ?",
-                                      FieldingNames(" = ?")))),
+      readFielding_(Make(
+          fmt::format("SELECT rowid, GamesAtPos, {} FROM {} WHERE playerID = ? AND Position = ? AND playerType = ? "
+                      "AND +teamID = ?",
+                      FieldingNames(""), FieldersOf(tourney)))),
+      writeFielding_(Make(fmt::format("UPDATE {} SET GamesAtPos = ?, {}, FieldingPct = ? WHERE rowid = ?",
+                                      FieldersOf(tourney), FieldingNames(" = ?")))),
       addFielding_(Make(fmt::format(
-          "INSERT INTO FieldingStats (GamesAtPos, {}, FieldingPct, teamID, playerID, playerType, PlayerName, Position) "
+          "INSERT INTO {} (GamesAtPos, {}, FieldingPct, teamID, playerID, playerType, PlayerName, Position) "
           "VALUES (1, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)",
-          FieldingNames("")))),
+          FieldersOf(tourney), FieldingNames("")))),
       batterLog_(Make(InsertLog<BatterLogRow>("KorvBatterResultsLog", injuries))),
       pitcherLog_(Make(InsertLog<PitcherLogRow>("KorvPitcherResultsLog", injuries))),
       versus_(Make("UPDATE TeamVsTeam SET vsTeamWins = coalesce(vsTeamWins, 0) + 1 WHERE TeamIndex = ? AND "
                    "vsTeamIndex = ?")),
-      schedule_(Make(UpdateSchedule())),
+      schedule_(Make(UpdateSchedule(tourney))),
       resultsFile_(Make(kCountResultsFile)) {}
 
 std::optional<TeamBooks> PostingStatements::ReadTeam(std::int32_t teamIdx) {
@@ -332,9 +347,29 @@ void PostingStatements::AddWinAgainst(std::int32_t teamIdx, std::int32_t opponen
 
 bool PostingStatements::WriteSchedule(std::int32_t gameID, const ScheduleResult& result) {
     ColumnBinder bind{schedule_};
-    ScheduleColumns(result, bind);
+    ScheduleColumns(result, tourney_, bind);
     bind("", "", gameID);
     return RunOnce(schedule_);
+}
+
+std::optional<SeriesGame> PostingStatements::ReadSeriesGame(std::int32_t gameID) {
+    Statement row = Make(
+        "SELECT SeriesNbr, TourneyRound, LosersBracket, GamesNeededToWin, AdvanceToSeriesNbr, AdvanceToSeriesNbrL FROM "
+        "TourneySchedule WHERE GameID = ?");
+    row.Bind(1, std::int64_t{gameID});
+    if (!row.Step()) return std::nullopt;
+    const auto number = [&row](int column) { return static_cast<int>(row.Int(column)); };
+    return SeriesGame{number(0), number(1), row.Int(2) != 0, number(3), number(4), number(5)};
+}
+
+int PostingStatements::AddToSeries(std::int32_t teamIdx, const SeriesGame& game, bool won) {
+    constexpr int kRounds = 4;
+    if (game.round < 1 || game.round > kRounds) return 0;
+    Statement add =
+        Make(fmt::format("UPDATE TourneyTeams SET {0} = coalesce({0}, 0) + 1 WHERE TeamIdx = ? RETURNING {0}",
+                         fmt::format("{}Round{}{}", game.losersBracket ? "L" : "", game.round, won ? "W" : "L")));
+    add.Bind(1, std::int64_t{teamIdx});
+    return add.Step() ? static_cast<int>(add.Int(0)) : 0;
 }
 
 void PostingStatements::CountResultsFile() {

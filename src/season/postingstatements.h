@@ -3,19 +3,9 @@
 #include <optional>
 #include <string>
 
-#include "season/accounts.h"
+#include "season/teambooks.h"
 
 namespace tarvane {
-
-// The row of KorvTeams as the posting reads and writes it.
-struct TeamBooks {
-    int RF = 0, RA = 0, W = 0, L = 0, HomeWins = 0, HomeLosses = 0, DivWins = 0, DivLosses = 0, PitcherAutoOuts = 0;
-    double Pct = 0, ERA = 0, WHIP = 0, FieldingPct = 0;
-    BattingTotals batting;
-    BattingRates rates;
-    PitchingTotals pitching;
-    FieldingTotals fielding;
-};
 
 // What both logs say about a man's game besides his counts.
 struct LogHead {
@@ -36,11 +26,20 @@ struct PitcherLogRow {
     BattingTotals batting;
 };
 
+// What a bracket's row says of its game.
+struct SeriesGame {
+    int series = 0, round = 0;  // round: 1 to 4
+    bool losersBracket = false;
+    int winsNeeded = 0;
+    int winnerTo = 0, loserTo = 0;  // series; 0: none
+};
+
 // The statements of the posting, prepared once. Every write tells whether it met its row.
 class PostingStatements {
   public:
-    // injuries: the season plays with injuries, so their columns are written.
-    PostingStatements(Database& season, bool injuries);
+    // injuries: the season plays with injuries, so their columns are written. tourney: the tournament's tables, whose
+    // columns are those of the league's, take the place of them; the logs serve both.
+    PostingStatements(Database& season, bool injuries, bool tourney);
 
     std::optional<TeamBooks> ReadTeam(std::int32_t teamIdx);  // nothing unless there is exactly one row
     void WriteTeam(std::int32_t teamIdx, const TeamBooks& books);
@@ -70,13 +69,17 @@ class PostingStatements {
         PerSide<TeamGame> team;
     };
     bool WriteSchedule(std::int32_t gameID, const ScheduleResult& result);
+    // Nothing if the bracket has no such game.
+    std::optional<SeriesGame> ReadSeriesGame(std::int32_t gameID);
+    // Adds a win or a loss to the team's present series; gives its wins, or losses, in it.
+    int AddToSeries(std::int32_t teamIdx, const SeriesGame& game, bool won);
     void CountResultsFile();
 
   private:
     Statement Make(const std::string& sql) { return season_.Prepare(sql); }
 
     Database& season_;
-    bool injuries_;
+    bool injuries_, tourney_;
     Statement readTeam_, writeTeam_, writeBatter_, writePitcher_, idleBatter_, idlePitcher_, readBatter_, readPitcher_,
         writeMovedBatter_, writeMovedPitcher_, readFielding_, writeFielding_, addFielding_, batterLog_, pitcherLog_,
         versus_, schedule_, resultsFile_;

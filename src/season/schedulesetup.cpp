@@ -21,6 +21,10 @@ namespace {
     throw UserError(fmt::format("Game {} of {} can't be played: {}", game.GameID, game.GameDate, why));
 }
 
+const char* ScheduleTable(bool tourney) {
+    return tourney ? "TourneySchedule" : "Schedule";
+}
+
 // The starter's playerID that a stored line-up names; 0 if it names none.
 std::int32_t StarterNamedBy(const TeamRoster& roster, std::int32_t lineupID) {
     for (const LineupList& list : roster.lists)
@@ -31,9 +35,11 @@ std::int32_t StarterNamedBy(const TeamRoster& roster, std::int32_t lineupID) {
 }  // namespace
 
 std::vector<ScheduledGame> UnplayedGames(Database& season, const std::string& through) {
-    Statement rows = season.Prepare(
-        "SELECT GameID, GameDate, VisitorTeamIndex, HomeTeamIndex, VisitorLineupNbr, HomeLineupNbr FROM Schedule "
-        "WHERE Played = 0 ORDER BY GameDate, GameID");
+    const bool tourney = LoadLeagueRules(season).TourneyMode;
+    Statement rows = season.Prepare(fmt::format(
+        "SELECT GameID, GameDate, VisitorTeamIndex, HomeTeamIndex, VisitorLineupNbr, HomeLineupNbr FROM {} "
+        "WHERE Played = 0 {} ORDER BY GameDate, GameID",
+        ScheduleTable(tourney), tourney ? "AND GameNotNeeded = 0 AND VisitorTeamIndex > 0 AND HomeTeamIndex > 0" : ""));
     std::vector<ScheduledGame> games;
     while (rows.Step()) {
         ScheduledGame game{static_cast<std::int32_t>(rows.Int(0)), rows.Text(1), {}, {}};
@@ -50,7 +56,7 @@ ScheduleSetup::ScheduleSetup(Database& common, Database& season, std::filesystem
     : common_(common), season_(season), images_(std::move(images)) {
     setup_.data.rules = LoadLeagueRules(season_);
     for (const Team& team : LoadTeamList(season_, setup_.data.rules)) LoadTeam(team);
-    topBatters_.Read(season_);
+    topBatters_.Read(season_, setup_.data.rules.TourneyMode);
     ReadDoubleHeaders();
 }
 
@@ -58,8 +64,9 @@ ScheduleSetup::ScheduleSetup(Database& common, Database& season, std::filesystem
 void ScheduleSetup::ReadDoubleHeaders() {
     for (const Side side : kBothSides) {
         const char* column = side == Side::Visitor ? "VisitorTeamIndex" : "HomeTeamIndex";
-        Statement rows = season_.Prepare(
-            fmt::format("SELECT GameDate, {0} FROM Schedule GROUP BY GameDate, {0} HAVING count(*) > 1", column));
+        Statement rows =
+            season_.Prepare(fmt::format("SELECT GameDate, {0} FROM {1} GROUP BY GameDate, {0} HAVING count(*) > 1",
+                                        column, ScheduleTable(setup_.data.rules.TourneyMode)));
         while (rows.Step()) twoGames_[side].emplace(rows.Text(0), static_cast<std::int32_t>(rows.Int(1)));
     }
 }
@@ -80,7 +87,9 @@ void ScheduleSetup::LoadTeam(const Team& row) {
     // The charts of a team are compiled beside an empty opponent.
     GameData scratch;
     scratch.rules = rules;
-    scratch.team[Side::Home].roster = LoadTeamRoster(season_, row.teamID, rules);
+    PlayerLoad load;
+    load.useTourneyStats = rules.TourneyMode;
+    scratch.team[Side::Home].roster = LoadTeamRoster(season_, row.teamID, rules, load);
     CompileGameData(scratch);
     team.data = std::move(scratch.team[Side::Home]);
     const TeamRoster& roster = team.data.roster;
@@ -224,14 +233,19 @@ GameSetup& ScheduleSetup::SetUp(const ScheduledGame& game, const PerSide<SideCon
     setup_.messages.clear();
     setup_.data.gameDate = game.GameDate;
     setup_.data.dayNumber = static_cast<std::int16_t>(*day);
-    std::int64_t decisions = 0;
-    for (const auto& entry : teams_) decisions += entry.second.data.roster.team.W + entry.second.data.roster.team.L;
+    const bool tourney = setup_.data.rules.TourneyMode;
+    std::int64_t decisions = 0, teams = 0;
+    for (const auto& entry : teams_) {
+        const Team& team = entry.second.data.roster.team;
+        if (tourney && !team.inTournament) continue;
+        decisions += team.W + team.L;
+        ++teams;
+    }
     for (const Side side : kBothSides) {
         SeasonTeam& team = TeamOf(game, side);
         GiveOwnChartsBack(team);
         setup_.knowledge[side] = team.knowledge;
-        setup_.knowledge[side].topBatter =
-            topBatters_.Of(team.data.roster, decisions, static_cast<std::int64_t>(teams_.size()));
+        setup_.knowledge[side].topBatter = topBatters_.Of(team.data.roster, decisions, teams);
         playing_[side] = &team;
     }
     for (const Side side : kBothSides) {
@@ -249,7 +263,7 @@ GameSetup& ScheduleSetup::SetUp(const ScheduledGame& game, const PerSide<SideCon
 }
 
 void ScheduleSetup::TakeBack(const PerSide<bool>& latest, const GameState& state, bool movedMen) {
-    if (movedMen) topBatters_.Read(season_);
+    if (movedMen) topBatters_.Read(season_, false);
     for (const Side side : kBothSides) {
         SeasonTeam& team = *playing_[side];
         team.data = std::move(setup_.data.team[side]);

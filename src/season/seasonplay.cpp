@@ -2,6 +2,8 @@
 
 #include <fmt/core.h>
 
+#include <algorithm>
+
 #include "base/error.h"
 #include "engine/game.h"
 #include "season/calendar.h"
@@ -38,22 +40,30 @@ SeasonPlayer::~SeasonPlayer() = default;
 
 SeasonRunResult SeasonPlayer::Run(const SeasonRun& run, SeasonWatcher& watcher) {
     CheckRun(run);
-    std::vector<ScheduledGame> games = UnplayedGames(season_, run.through);
-    if (run.games && static_cast<std::size_t>(*run.games) < games.size())
-        games.resize(static_cast<std::size_t>(*run.games));
     SeasonRunResult result;
-    for (const ScheduledGame& game : games) {
-        if (!watcher.GoOn(game, result.played, static_cast<long>(games.size()))) {
+    const auto ahead = [&] {
+        std::vector<ScheduledGame> games = UnplayedGames(season_, run.through);
+        if (run.games) games.resize(std::min(games.size(), static_cast<std::size_t>(*run.games - result.played)));
+        return games;
+    };
+    std::vector<ScheduledGame> games = ahead();
+    for (std::size_t next = 0; next < games.size();) {
+        if (!watcher.GoOn(games[next], result.played, result.played + static_cast<long>(games.size() - next))) {
             result.stopped = true;
             break;
         }
-        PlayOne(game, run.seed, watcher);
+        const bool seriesEnded = PlayOne(games[next], run.seed, watcher);
         ++result.played;
+        ++next;
+        if (!seriesEnded) continue;
+        // Its other games aren't needed, and those of the next series have their teams.
+        games = ahead();
+        next = 0;
     }
     return result;
 }
 
-void SeasonPlayer::PlayOne(const ScheduledGame& game, std::uint64_t seed, SeasonWatcher& watcher) {
+bool SeasonPlayer::PlayOne(const ScheduledGame& game, std::uint64_t seed, SeasonWatcher& watcher) {
     if (!setup_) {
         setup_ = std::make_unique<ScheduleSetup>(common_, season_, images_);
         poster_ = std::make_unique<GamePoster>(season_);
@@ -79,6 +89,7 @@ void SeasonPlayer::PlayOne(const ScheduledGame& game, std::uint64_t seed, Season
     watcher.Posted(game, setup, state, report);
     teams->TakeBack(report.latest, state, report.movedMen);
     setup_ = std::move(teams);
+    return report.seriesWinner.has_value();
 }
 
 }  // namespace tarvane

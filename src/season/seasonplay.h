@@ -38,9 +38,9 @@ struct SeasonRunResult {
     bool stopped = false;  // by the watcher
 };
 
-// Plays the unplayed games of a season in their order, both sides by computer managers, and posts each. What is played
-// depends on the seed and on where the season stands alone: a run that was stopped, or killed, and taken up again gives
-// the season that one run gives.
+// Plays the unplayed games of a season, or of the tournament that is on, in their order, both sides by computer
+// managers, and posts each. What is played depends on the seed and on where the season stands alone: a run that was
+// stopped, or killed, and taken up again gives the season that one run gives.
 class SeasonPlayer {
   public:
     SeasonPlayer(Database& common, Database& season, std::filesystem::path images = {});
@@ -50,7 +50,8 @@ class SeasonPlayer {
     SeasonRunResult Run(const SeasonRun& run, SeasonWatcher& watcher);
 
   private:
-    void PlayOne(const ScheduledGame& game, std::uint64_t seed, SeasonWatcher& watcher);
+    // True if the game decided a series of a tournament.
+    bool PlayOne(const ScheduledGame& game, std::uint64_t seed, SeasonWatcher& watcher);
 
     Database& common_;
     Database& season_;

@@ -1,5 +1,7 @@
 #include "season/topbatters.h"
 
+#include <fmt/core.h>
+
 #include <algorithm>
 
 #include "base/rounding.h"
@@ -10,16 +12,18 @@ namespace {
 
 // Nobody is among the best before so many team decisions are in.
 constexpr std::int64_t kFewestDecisions = 10;
-constexpr double kAppearancesPerGame = 3.098;
+constexpr double kAppearancesPerGame = 3.098, kInTournaments = 2.5;
 
 }  // namespace
 
-void TopBatters::Read(Database& season) {
+void TopBatters::Read(Database& season, bool tourney) {
+    tourney_ = tourney;
     men_.clear();
     index_.clear();
     Statement rows = season.Prepare(
-        "SELECT playerID, Avg, SLG, HR, AB + BB + HBP, coalesce(NoLongerWithTeam, 0) FROM KorvBatters ORDER BY "
-        "playerID");
+        fmt::format("SELECT playerID, Avg, SLG, HR, AB + BB + HBP, coalesce(NoLongerWithTeam, 0) FROM {} ORDER BY "
+                    "playerID",
+                    tourney ? "TourneyBatters" : "KorvBatters"));
     while (rows.Step()) {
         const auto id = static_cast<std::int32_t>(rows.Int(0));
         index_[id] = men_.size();
@@ -60,7 +64,7 @@ std::vector<bool> TopBatters::Of(const TeamRoster& roster, std::int64_t teamDeci
     std::vector<bool> top(roster.batters.size(), false);
     if (teams == 0 || teamDecisions < kFewestDecisions) return top;
     const double games = static_cast<double>(teamDecisions) / static_cast<double>(teams);
-    const std::int64_t least = RoundHalfEven(games * kAppearancesPerGame);
+    const std::int64_t least = RoundHalfEven(games * (tourney_ ? kInTournaments : kAppearancesPerGame));
     std::vector<bool> marks(men_.size(), false);
     MarkBest(
         least, false, [](const Man& man) { return man.Avg; }, marks);

@@ -13,8 +13,8 @@ namespace tarvane {
 // for each game.
 class TopBatters {
   public:
-    // Reads all rows of KorvBatters; again after rows outside the teams in memory have changed.
-    void Read(Database& season);
+    // Reads all rows of KorvBatters, or of TourneyBatters; again after rows outside the teams in memory have changed.
+    void Read(Database& season, bool tourney);
     // Takes over what the records of a roster now say.
     void Update(const TeamRoster& roster);
     // The marks of a roster's men by index; teamDecisions is the sum of W and L over so many teams.
@@ -30,6 +30,7 @@ class TopBatters {
     template <class Figure>
     void MarkBest(std::int64_t least, bool presentOnly, Figure figure, std::vector<bool>& marks) const;
 
+    bool tourney_ = false;
     std::vector<Man> men_;
     std::unordered_map<std::int32_t, std::size_t> index_;
 };

@@ -101,7 +101,7 @@ void PlayAll(testing::PlayableSeason& made, std::size_t games) {
 // The marks that managers go by are kept in memory from game to game.
 void ExpectTopBattersOfTheTables(Database& season) {
     TopBatters top;
-    top.Read(season);
+    top.Read(season, false);
     Statement sum = season.Prepare("SELECT sum(W + L), count(*) FROM KorvTeams");
     sum.Step();
     std::ptrdiff_t marked = 0;
