@@ -5,11 +5,10 @@
 #include <algorithm>
 #include <map>
 
-#include "base/tempfolder.h"
+#include "base/error.h"
+#include "core/paths.h"
 #include "data/parks.h"
 #include "data/seasons.h"
-#include "import/lahmansource.h"
-#include "import/playerimages.h"
 #include "import/retrosplits.h"
 #include "ratings/generators.h"
 
@@ -18,16 +17,6 @@ namespace tarvane {
 namespace fs = std::filesystem;
 
 namespace {
-
-fs::path CopyTemplate(const DataPaths& paths, const fs::path& folder) {
-    const fs::path file = folder / "Season.mdb";
-    std::error_code error;
-    fs::copy_file(paths.BaseFile(), file, error);
-    if (error)
-        throw UserError(fmt::format("Unable to build league database - please close open data files. ({}: {})",
-                                    paths.BaseFile().string(), error.message()));
-    return file;
-}
 
 // What can be seen before anything is read.
 void CheckRequest(const ImportRequest& request, const DataPaths& paths) {
@@ -77,18 +66,12 @@ std::array<std::optional<std::int32_t>, 3> ErasOf(const ImportRequest& request, 
     for (const std::int32_t era : request.eras)
         if (common.OpenRecordset("KorvYears", "EraID = ?", {std::int64_t{era}}).EndOfFile())
             throw UserError(fmt::format("There is no year effect with the number {}.", era));
-    const std::vector<std::string> names = LeaguesOf(teams);
-    const int year = MainYear(teams);
+    const auto proposed = ProposedEras(common, teams, request.align);
     for (std::size_t i = 0; i < leagues; ++i) {
-        if (!request.eras.empty())
-            eras[i] = request.eras[i];
-        else if (names.size() == leagues)
-            eras[i] = FindEra(common, year, names[i]);
-        else
-            eras[i] = FindEra(common, year, "Combined");
+        eras[i] = request.eras.empty() ? proposed[i] : request.eras[i];
         if (!eras[i])
-            throw UserError(
-                fmt::format("There is no year effect for {}. Choose the year effects to import it with.", year));
+            throw UserError(fmt::format("There is no year effect for {}. Choose the year effects to import it with.",
+                                        MainYear(teams)));
     }
     return eras;
 }
@@ -97,12 +80,10 @@ FinishSettings FinishOf(const ImportRequest& request, const std::vector<LahmanTe
     FinishSettings finish;
     finish.eras = ErasOf(request, teams, common);
     finish.align = request.align;
-    std::vector<LeagueBaseline> baselines;
-    for (const auto& era : finish.eras) {
-        LeagueBaseline baseline;
-        if (era && LoadEraBaseline(common, *era, 0, baseline)) baselines.push_back(baseline);
-    }
-    finish.PAFactor = request.PAFactor ? *request.PAFactor : MeanPAFactor(baselines);
+    std::vector<std::int32_t> eras;
+    for (const auto& era : finish.eras)
+        if (era) eras.push_back(*era);
+    finish.PAFactor = request.PAFactor ? *request.PAFactor : DefaultPAFactor(common, eras);
     finish.PitcherOutFactor = request.PitcherOutFactor;
     finish.LHBAdjust = request.splits.LHBAdjust;
     finish.RHBAdjust = request.splits.RHBAdjust;
@@ -112,33 +93,6 @@ FinishSettings FinishOf(const ImportRequest& request, const std::vector<LahmanTe
     finish.genComputerMgr = static_cast<bool>(request.generateManagers);
     finish.lineups = finish.genComputerMgr ? request.lineups : LineupChoice{false, false, false, false};
     return finish;
-}
-
-// The sheet of the season's own name, else of the year of all its teams.
-std::unique_ptr<RetroSheet> RetroSheetOf(const DataPaths& paths, const ImportSettings& settings) {
-    const fs::path workbook = paths.Data08() / kRetroWorkbook;
-    auto sheet = ReadRetroSplits(workbook, settings.seasonName);
-    if (sheet || !SameYear(settings.teams)) return sheet;
-    return ReadRetroSplits(workbook, std::to_string(settings.teams.front().yearID));
-}
-
-// The new season's file takes its place, and its row stands in the catalogue: both or neither.
-std::int64_t MoveIntoPlace(const fs::path& file, const std::string& name, const DataPaths& paths, Database& common) {
-    const fs::path target = paths.SeasonFile(name);
-    const bool newFolder = !fs::exists(paths.SeasonFolder(name));
-    Transaction transaction(common);
-    const std::int64_t id = AddSeasonEntry(common, name);
-    std::error_code error, ignored;
-    fs::create_directories(paths.GameResults(name), error);
-    // A side file of the season that is replaced must not be taken for one of the new season.
-    for (const char* side : {"-wal", "-shm"}) fs::remove(target.string() + side, ignored);
-    if (!error) fs::rename(file, target, error);
-    if (error) {
-        if (newFolder) fs::remove_all(paths.SeasonFolder(name), ignored);
-        throw UserError(fmt::format("The season can't be moved to {}: {}.", target.string(), error.message()));
-    }
-    transaction.Commit();
-    return id;
 }
 
 }  // namespace
@@ -152,53 +106,37 @@ std::optional<std::int32_t> FindEra(Database& common, int year, const std::strin
     return std::nullopt;
 }
 
-void FinishSeason(Database& season, Database& common, const DataPaths& paths, const ImportSettings& settings,
-                  const FinishSettings& finish, std::uint64_t seed, const ManagerGenerator& generateManagers,
-                  Progress* progress) {
-    if (const auto fault = CheckFinish(finish, LeagueCount(settings.teams, finish.align)))
-        throw UserError(fault->message);
-    Transaction transaction(season);
-    Random random(seed);
-    ReportProgress(progress, "Building League Data ... Please Wait", 0, 0);
-    WriteAlignment(season, AlignTeams(settings.teams, finish.align, settings.seasonName, finish.eras));
-    if (finish.genLRSplits) {
-        const auto retro = finish.retro ? RetroSheetOf(paths, settings) : nullptr;
-        GenerateSplits(season, {*finish.LHBAdjust, *finish.RHBAdjust, finish.randomNoSplit}, retro.get(), random,
-                       progress);
+std::vector<std::optional<std::int32_t>> ProposedEras(Database& common, const std::vector<LahmanTeam>& teams,
+                                                      bool align) {
+    std::vector<std::optional<std::int32_t>> eras;
+    const std::vector<std::string> names = LeaguesOf(teams);
+    const std::size_t leagues = LeagueCount(teams, align);
+    for (std::size_t i = 0; i < leagues; ++i)
+        eras.push_back(FindEra(common, MainYear(teams), names.size() == leagues ? names[i] : "Combined"));
+    return eras;
+}
+
+double DefaultPAFactor(Database& common, const std::vector<std::int32_t>& eras) {
+    std::vector<LeagueBaseline> baselines;
+    for (const std::int32_t era : eras) {
+        LeagueBaseline baseline;
+        if (LoadEraBaseline(common, era, 0, baseline)) baselines.push_back(baseline);
     }
-    const GeneratorScope scope{{}, {*finish.PAFactor, *finish.PitcherOutFactor}};
-    if (finish.genRatings) GeneratePlayerRatings(season, common, scope, progress);
-    if (finish.genBatterPitcherCells) {
-        GenerateBatterCells(season, common, scope, random, progress);
-        GeneratePitcherCells(season, common, scope, random, progress);
-        if (finish.assignImages) AssignPlayerImages(season, paths);
-    }
-    if (finish.genComputerMgr && generateManagers) generateManagers(season, finish.lineups, progress);
-    transaction.Commit();
+    return MeanPAFactor(baselines);
 }
 
 ImportResult ImportSeason(const ImportRequest& request, const DataPaths& paths, Database& common, Progress* progress) {
     CheckRequest(request, paths);
-    LahmanSource source(request.source, request.helper);
+    SeasonImport import(request.source, request.helper, paths, common);
     ImportResult result;
     std::vector<std::string> notes;
-    const ImportSettings settings = SettingsOf(request, ListTeams(source.ReadTeams(progress)), notes);
+    const ImportSettings settings = SettingsOf(request, import.ReadTeams(progress), notes);
     const FinishSettings finish = FinishOf(request, settings.teams, common);
     if (const auto fault = CheckFinish(finish, LeagueCount(settings.teams, finish.align)))
         throw UserError(fault->message);
-    YearSet years;
-    for (const LahmanTeam& team : settings.teams) years.insert(team.yearID);
-    const LahmanTables tables = source.ReadYears(years, progress);
-
-    const TempFolder work(paths.Data08(), "Import");
-    const fs::path file = CopyTemplate(paths, work.Path());
-    Database season(file);
-    result.counts = FillSeason(season, settings, tables, ReadHomeParks(common, AssetsPath() / "seeds/TeamParks.csv"),
-                               paths, progress);
+    result.counts = import.Fill(settings, progress);
     result.counts.notes.insert(result.counts.notes.begin(), notes.begin(), notes.end());
-    FinishSeason(season, common, paths, settings, finish, request.seed, request.generateManagers, progress);
-    season.Close();
-    result.LeagueID = MoveIntoPlace(file, settings.seasonName, paths, common);
+    result.LeagueID = import.Finish(finish, request.seed, request.generateManagers, progress);
     return result;
 }
 

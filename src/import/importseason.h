@@ -9,13 +9,9 @@
 
 #include "import/choices.h"
 #include "import/mdbreader.h"
-#include "import/seasonwriter.h"
+#include "import/seasonimport.h"
 
 namespace tarvane {
-
-// Makes the line-ups and tendencies of all teams of a season whose charts stand. The layer that knows how is above this
-// one, so whoever asks for an import brings it.
-using ManagerGenerator = std::function<void(Database& season, const LineupChoice& lineups, Progress* progress)>;
 
 // A whole import in one go: what a person would choose on the screens.
 struct ImportRequest {
@@ -49,15 +45,14 @@ struct ImportResult {
 ImportResult ImportSeason(const ImportRequest& request, const DataPaths& paths, Database& common,
                           Progress* progress = nullptr);
 
-// --- its two halves, for screens that ask between them ---
-
-// The steps of the last screen over a filled season: leagues, splits, ratings, cells, pictures, managers. Throws
-// UserError if CheckFinish finds fault.
-void FinishSeason(Database& season, Database& common, const DataPaths& paths, const ImportSettings& settings,
-                  const FinishSettings& finish, std::uint64_t seed, const ManagerGenerator& generateManagers,
-                  Progress* progress);
-
 // The era of a league and year, "<year> AL", else that of all leagues, "<year> Combined"; nothing if neither is there.
 std::optional<std::int32_t> FindEra(Database& common, int year, const std::string& shortName);
+
+// The era of each league that a season of these teams will have, where there is one.
+std::vector<std::optional<std::int32_t>> ProposedEras(Database& common, const std::vector<LahmanTeam>& teams,
+                                                      bool align);
+
+// The mean of the PAFactor of these eras to three decimals; 0.95 if there are none.
+double DefaultPAFactor(Database& common, const std::vector<std::int32_t>& eras);
 
 }  // namespace tarvane

@@ -7,10 +7,12 @@
 #include <QTimer>
 #include <random>
 
+#include "base/error.h"
 #include "ui/frmcomputermgr.h"
 #include "ui/frmgame.h"
 #include "ui/frmgamelineups.h"
 #include "ui/frmgameover.h"
+#include "ui/frmlahmanimport.h"
 #include "ui/frmleaders.h"
 #include "ui/frmpreexgame.h"
 #include "ui/frmpreschedgame.h"
@@ -103,6 +105,7 @@ void frmMain::OpenScreen(MenuScreen screen) {
         case MenuScreen::LeadersPitching: OpenStored<frmLeadersPitching>(); break;
         case MenuScreen::Team: OpenStored<frmComputerMgr>(); break;
         case MenuScreen::PreSchedGame: OpenScheduled(); break;
+        case MenuScreen::LahmanImport: OpenImport(); break;
         default: Say(tr("This screen is not built yet.")); break;
     }
 }
@@ -152,6 +155,24 @@ void frmMain::OpenScheduled() {
     auto* screen = new frmPreSchedGame(*seasons_.Store(), services_, options_, seed_);
     connect(screen, &frmPreSchedGame::GameReady, this, &frmMain::Play);
     Show(screen);
+}
+
+void frmMain::OpenImport() {
+    if (seasons_.Store() == nullptr) {
+        Say(tr("There is no data folder to make a season in."));
+        return;
+    }
+    const auto source = services_.dialogs.OpenFile(
+        "Specify Lahman Database File", seasons_.Store()->Paths().root,
+        "Tarvane PC Baseball Import Stats (lahman*.mdb);;Lahman database as text files (*.csv)");
+    if (!source) return;
+    try {
+        auto* screen = new frmLahmanImport(*seasons_.Store(), services_, *source);
+        Show(screen);
+        screen->Begin();
+    } catch (const UserError& failure) {
+        services_.dialogs.Warn(failure.what(), kImportTitle);
+    }
 }
 
 void frmMain::Play(const GamePtr& setup) {

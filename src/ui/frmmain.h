@@ -58,6 +58,7 @@ class frmMain : public QMainWindow {
     void OpenStored();
     void OpenExhibition();
     void OpenScheduled();
+    void OpenImport();
     // A game made ready: unseen by quick play, else by its line-ups to the game screen.
     void Play(const GamePtr& setup);
     void Begin(const GamePtr& setup, const GameOptions& options, std::uint64_t seed);

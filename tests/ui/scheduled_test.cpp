@@ -64,6 +64,14 @@ struct Scheduled : ::testing::Test {
         QTest::keyClick(menu.findChild<MenuGrid*>(QStringLiteral("grdGamePlay")), Qt::Key_Return);
         return qobject_cast<frmPreSchedGame*>(menu.Open());
     }
+    // The game that was set up, with the computers' line-ups.
+    void PlayToTheEnd() {
+        demo::PlayWithComputersLineups(dynamic_cast<frmGameLineups&>(*menu.Open()));
+        while (qobject_cast<frmGame*>(menu.Open()) != nullptr) {
+            Click("cmdPlay");
+            demo::AnswerLineups();
+        }
+    }
     void QuickPlayAll(frmPreSchedGame& screen, std::size_t games) {
         ScheduleBook book(*session);
         book.Load();
@@ -128,7 +136,7 @@ TEST_F(Scheduled, DocumentsThatCantBeWrittenAreNoReasonToLoseTheGame) {
     WriteFile(session->Paths().GameResults("Test"), "a file where the folder should be");
     OpenSchedule();
     Click("chkNext");
-    while (qobject_cast<frmGame*>(menu.Open()) != nullptr) Click("cmdPlay");
+    PlayToTheEnd();
     Find<QCheckBox>("chkBoxScore")->setChecked(true);
     Click("chkFinished");
     ASSERT_THAT(outside.dialogs.warnings, SizeIs(1));
@@ -141,11 +149,7 @@ TEST_F(Scheduled, LeavingAFinishedGameUnsavedLeavesTheSeasonAsItWas) {
     const std::uint64_t before = HashSeason(Season());
     OpenSchedule();
     Click("chkNext");
-    demo::PlayWithComputersLineups(dynamic_cast<frmGameLineups&>(*menu.Open()));
-    while (qobject_cast<frmGame*>(menu.Open()) != nullptr) {
-        Click("cmdPlay");
-        demo::AnswerLineups();
-    }
+    PlayToTheEnd();
     outside.dialogs.replies = {Reply::No, Reply::Yes};
     Click("chkCancel");
     EXPECT_NE(menu.Open(), nullptr);

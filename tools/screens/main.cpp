@@ -1,6 +1,7 @@
-// tarvane-screens OUTDIR [--data-dir DIR]: renders each screen to PNG files at 1024x768 and 1920x1080, without a
-// display. With a data folder the first two teams of its active season play (the first season, which becomes
-// active, if none is); else two invented clubs do.
+// tarvane-screens OUTDIR [--data-dir DIR [--lahman SOURCE]]: renders each screen to PNG files at 1024x768 and
+// 1920x1080, without a display. With a data folder the first two teams of its active season play (the first season,
+// which becomes active, if none is); else two invented clubs do. With a statistics database the import's pages are
+// there too.
 
 #include <fmt/format.h>
 
@@ -8,6 +9,8 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
+#include <QLineEdit>
+#include <QListWidget>
 #include <QPushButton>
 #include <QStackedWidget>
 #include <clocale>
@@ -24,6 +27,7 @@
 #include "ui/frmgame.h"
 #include "ui/frmgamelineups.h"
 #include "ui/frmgameover.h"
+#include "ui/frmlahmanimport.h"
 #include "ui/frmleaders.h"
 #include "ui/frmmain.h"
 #include "ui/frmpreexgame.h"
@@ -229,6 +233,32 @@ void TakeScheduled(Camera& camera, Session& session) {
     camera.Take(over, QStringLiteral("frmGameOver"));
 }
 
+// The import up to its last step, which isn't taken: nothing of it stays.
+void TakeImport(Camera& camera, Session& session, const std::filesystem::path& source) {
+    demo::Outside outside;
+    frmLahmanImport import(session, outside.Get(), source);
+    import.Begin();
+    if (!outside.dialogs.warnings.empty()) throw UserError(outside.dialogs.warnings.back().text);
+    import.findChild<QLineEdit*>(QStringLiteral("txtFind"))->setText(QStringLiteral("(NYA"));
+    import.findChild<QListWidget*>(QStringLiteral("lstTeams"))->setCurrentRow(30);
+    Press(import, "cmdAdd", 1);
+    import.findChild<QLineEdit*>(QStringLiteral("txtFind"))->setText(QStringLiteral("1975"));
+    Press(import, "cmdAddAll", 1);
+    const auto take = [&](const char* page, const char* next) {
+        camera.Take(import, QString::fromLatin1(page));
+        Press(import, next, 1);
+    };
+    take("frmLahmanImport2", "cmdNext");
+    if (import.findChild<QStackedWidget*>(QStringLiteral("pages"))->currentIndex() == 1) {
+        import.findChild<QLineEdit*>(QStringLiteral("txtTeamID1"))->setText(QStringLiteral("ONE"));
+        take("frmLahmanImportDupeID", "cmdOk");
+    }
+    import.findChild<QLineEdit*>(QStringLiteral("txtLeagueName"))->setText(QStringLiteral("Pictures"));
+    take("frmLahmanImport3", "cmdNext");
+    take("frmLahmanImport4", "cmdImport");
+    camera.Take(import, QStringLiteral("frmLahmanImport5"));
+}
+
 class Printer : public MessageSink {
   public:
     void Warn(const std::string& title, const std::string& text) override {
@@ -237,7 +267,7 @@ class Printer : public MessageSink {
     void Inform(const std::string& title, const std::string& text) override { Warn(title, text); }
 };
 
-void TakeFrom(Camera& camera, const char* dataFolder) {
+void TakeFrom(Camera& camera, const char* dataFolder, const char* source) {
     Printer printer;
     Session session(printer);
     StartupEnvironment environment;
@@ -250,14 +280,16 @@ void TakeFrom(Camera& camera, const char* dataFolder) {
         throw UserError(std::string(dataFolder) + " has no season to open. Make one with tarvane-replay new-season.");
     TakeAll(camera, seasons);
     TakeScheduled(camera, session);
+    if (source != nullptr) TakeImport(camera, session, source);
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-    const bool given = argc == 4 && std::string_view(argv[2]) == "--data-dir";
-    if (argc != 2 && !given) {
-        fmt::print(stderr, "usage: tarvane-screens OUTDIR [--data-dir DIR]\n");
+    const bool given = (argc == 4 || argc == 6) && std::string_view(argv[2]) == "--data-dir";
+    const bool lahman = given && argc == 6 && std::string_view(argv[4]) == "--lahman";
+    if (argc != 2 && (!given || lahman != (argc == 6))) {
+        fmt::print(stderr, "usage: tarvane-screens OUTDIR [--data-dir DIR [--lahman SOURCE]]\n");
         return 2;
     }
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -271,7 +303,7 @@ int main(int argc, char** argv) {
     try {
         demo::DemoSeasons seasons;
         if (given)
-            TakeFrom(camera, argv[3]);
+            TakeFrom(camera, argv[3], lahman ? argv[5] : nullptr);
         else
             TakeAll(camera, seasons);
     } catch (const std::exception& error) {
