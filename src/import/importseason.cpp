@@ -58,7 +58,6 @@ int MainYear(const std::vector<LahmanTeam>& teams) {
 
 std::array<std::optional<std::int32_t>, 3> ErasOf(const ImportRequest& request, const std::vector<LahmanTeam>& teams,
                                                   Database& common) {
-    std::array<std::optional<std::int32_t>, 3> eras;
     const std::size_t leagues = LeagueCount(teams, request.align);
     if (!request.eras.empty() && request.eras.size() != leagues)
         throw UserError(
@@ -66,10 +65,11 @@ std::array<std::optional<std::int32_t>, 3> ErasOf(const ImportRequest& request, 
     for (const std::int32_t era : request.eras)
         if (common.OpenRecordset("KorvYears", "EraID = ?", {std::int64_t{era}}).EndOfFile())
             throw UserError(fmt::format("There is no year effect with the number {}.", era));
+    std::array<std::optional<std::int32_t>, 3> eras;
     const auto proposed = ProposedEras(common, teams, request.align);
     for (std::size_t i = 0; i < leagues; ++i) {
-        eras[i] = request.eras.empty() ? proposed[i] : request.eras[i];
-        if (!eras[i])
+        eras.at(i) = request.eras.empty() ? proposed[i] : request.eras[i];
+        if (!eras.at(i))
             throw UserError(fmt::format("There is no year effect for {}. Choose the year effects to import it with.",
                                         MainYear(teams)));
     }
