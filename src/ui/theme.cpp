@@ -1,6 +1,8 @@
 #include "ui/theme.h"
 
+#include <QAbstractButton>
 #include <QApplication>
+#include <QEvent>
 #include <QPalette>
 #include <QProxyStyle>
 #include <QStyleOptionButton>
@@ -124,12 +126,30 @@ class HouseStyle : public QProxyStyle {
     }
 };
 
+// A button pressed by its ALT key clicks a moment later. When its screen has gone by then the click is lost: it would
+// open a second screen beside the one that came.
+class LateClicks : public QObject {
+  public:
+    using QObject::QObject;
+
+  protected:
+    bool eventFilter(QObject* object, QEvent* event) override {
+        if (event->type() != QEvent::Timer) return false;
+        const auto* button = qobject_cast<QAbstractButton*>(object);
+        if (button == nullptr || button->isVisible() || button->isCheckable()) return false;
+        const QSignalBlocker unheard(object);
+        object->event(event);
+        return true;
+    }
+};
+
 }  // namespace
 
 void ApplyTheme(QApplication& application) {
     QApplication::setStyle(new HouseStyle);
     QApplication::setPalette(HousePalette());
     QApplication::setWindowIcon(HouseIcon());
+    application.installEventFilter(new LateClicks(&application));
     application.setStyleSheet(QString::fromLatin1(kStyleSheet));
 }
 
