@@ -150,9 +150,22 @@ void WriteTeam(SeasonTables& tables, const LahmanTeam& team, const ImportSetting
     if (park != parks.end()) row.Set("ParkID", Number(park->second));
     row.SetBool("HomeDH", PlayedWithDH(team.lgID, team.yearID));
     row.Update();
-    tables.managers.AddNew();
-    tables.managers.Set("teamID", team.KorvTeamID);
-    tables.managers.Update();
+}
+
+// A club's manager goes to his relievers as its real one did; the generator of tendencies leaves this one alone.
+int RelieverUsageOf(const TeamImport& players) {
+    constexpr double kFew = 2.0, kMany = 3.0;  // pitchers a game
+    double games = 0, starts = 0;
+    for (const LahmanPitchingRow& row : players.pitching) games += row.G, starts += row.GS;
+    if (starts <= 0) return 2;
+    return games < kFew * starts ? 3 : games > kMany * starts ? 1 : 2;
+}
+
+void WriteManager(Recordset& managers, const std::string& teamID, const TeamImport& players) {
+    managers.AddNew();
+    managers.Set("teamID", teamID);
+    managers.Set("RelieverUsage", Number(RelieverUsageOf(players)));
+    managers.Update();
 }
 
 std::vector<std::string> Notes(const RosterImporter& importer) {
@@ -220,6 +233,7 @@ ImportCounts FillSeason(Database& season, const ImportSettings& settings, const 
                        total);
         WriteTeam(out, team, settings, parks, paths);
         const TeamImport players = importer.Import(team);
+        WriteManager(out.managers, team.KorvTeamID, players);
         out.WritePlayers(players);
         CreateTeamLineups(season, team.KorvTeamID);
         ++counts.teams;

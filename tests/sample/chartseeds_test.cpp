@@ -112,9 +112,9 @@ TEST(ChartSeeds, FieldingPlaces) {
 }
 
 TEST(ChartSeeds, YellowX) {
-    ExpectRows("KorvYellowXChartBasic", {{{"yH", 44}, {"yWP", 136}, {"yPB", 20}, {"yBK", 16}}});
+    ExpectRows("KorvYellowXChartBasic", {{{"yH", 36}, {"yWP", 144}, {"yPB", 20}, {"yBK", 16}}});
     ExpectRows("KorvYellowXChartInjuries",
-               {{{"yH", 44}, {"yWP", 106}, {"yPB", 18}, {"yBK", 12}, {"rI", 36}},
+               {{{"yH", 36}, {"yWP", 114}, {"yPB", 18}, {"yBK", 12}, {"rI", 36}},
                 {{"wP", 60},
                  {"wC", 28},
                  {"w1B", 16},

@@ -32,6 +32,8 @@ int CompareSeason(const Context& context, const Options& options) {
     const std::filesystem::path page = options.Text("--html");
     if (!page.empty() && std::filesystem::exists(page) && !options.Has("--overwrite"))
         throw UserError(fmt::format("{} is there already; say --overwrite to replace it", page.string()));
+    if (!page.parent_path().empty() && !std::filesystem::is_directory(page.parent_path()))
+        throw UserError(fmt::format("there is no folder {}; make it first", page.parent_path().string()));
     Installation installation(context);
     Database season = installation.OpenSeason(options.Positional(0));
     const SeasonFigures real = ReadRealFigures(season);

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <filesystem>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "accuracy/counts.h"
+#include "core/database.h"
+#include "core/paths.h"
+#include "yearchart.h"
+
+namespace tarvane::calibrate {
+
+// Columns of one KorvYears row with the values that a trial gives them.
+using EraRow = std::map<std::string, Value>;
+
+// A data folder of its own in which seasons are made from a Lahman folder, as a user makes them, and played.
+class Laboratory {
+  public:
+    // folder is emptied first. seeds is where the seed tables lie.
+    Laboratory(const std::filesystem::path& folder, const std::filesystem::path& seeds,
+               const std::filesystem::path& source);
+
+    // Era rows for all seasons made from now on.
+    void SetEra(std::int32_t eraID, const EraRow& row);
+
+    // Makes the season of a year anew. Leagues() are then its leagues.
+    void MakeSeason(int year);
+    const std::vector<std::string>& Leagues() const { return leagues_; }
+
+    // Of the league's pitchers, by the batters they really faced; nothing is to be laid on the cells where it is 0.
+    Openness OpennessOf(const std::string& league);
+    Counts Real(const std::string& league);
+    // Games between all teams of a league, several starters each, nobody in need of rest. The same seed is the same
+    // games.
+    Counts Play(const std::string& league, long games, std::uint64_t seed);
+
+    Database& Common() { return *common_; }
+
+  private:
+    DataPaths paths_;
+    std::filesystem::path source_;
+    std::unique_ptr<Database> common_, season_;
+    std::vector<std::string> leagues_;
+};
+
+}  // namespace tarvane::calibrate
