@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 
 namespace tarvane {
@@ -23,10 +24,14 @@ class Random {
     int RandomHalf() { return static_cast<int>(Below(50)) + 1; }
     int RandomError36() { return static_cast<int>(Below(36)) + 1; }
 
+    // Where the sequence stands, for a game that is put away and taken up again.
+    const std::array<std::uint64_t, 4>& State() const { return state_; }
+    void SetState(const std::array<std::uint64_t, 4>& state) { state_ = state; }
+
     friend bool operator==(const Random&, const Random&) = default;
 
   private:
-    std::uint64_t state_[4];
+    std::array<std::uint64_t, 4> state_{};
 };
 
 inline std::uint64_t Random::Next() {

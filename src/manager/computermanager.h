@@ -12,11 +12,23 @@ namespace tarvane {
 // own, so the same play bundles give the same plays whoever manages. He never orders an intentional walk.
 //
 // He keeps three things that the state of a game doesn't hold: whether a closer is in, whom he sent up or on base for
-// the batter of the moment, and his generator. A game taken up from a save goes on without the first two.
+// the batter of the moment, and his generator. They are his memory, which a saved game holds beside the state.
 class ComputerManager final : public Manager {
   public:
     ComputerManager(Side side, Random random, ManagerKnowledge knowledge = {})
         : side_(side), random_(random), knowledge_(std::move(knowledge)) {}
+
+    struct Memory {
+        Random random{0};
+        bool closerIn = false;
+        int battersFaced = -1, inning = 0;  // the turn at bat for which a pinch hitter or runner went in
+    };
+    Memory Remembered() const { return {random_, closerIn_, pinchMove_.battersFaced, pinchMove_.inning}; }
+    void Remember(const Memory& memory) {
+        random_ = memory.random;
+        closerIn_ = memory.closerIn;
+        pinchMove_ = {memory.battersFaced, memory.inning};
+    }
 
     bool Decide(const GameData& data, const GameState& state, Side side) override;
     bool BeforePitch(const GameData& data, const GameState& state, Side side, Input& input) override;

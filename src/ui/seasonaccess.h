@@ -7,9 +7,7 @@
 #include <vector>
 
 #include "data/seasons.h"
-#include "ratings/lahman_records.h"
-#include "season/gamesetup.h"
-#include "season/schedulesetup.h"
+#include "season/preparedgame.h"
 
 namespace tarvane {
 
@@ -25,15 +23,6 @@ struct ParkEntry {
     std::string Stadium;
     int yearID = 0;
 };
-
-// A game about to begin, with what its men did in the real season where that is known.
-struct PreparedGame : GameSetup {
-    PerSide<LahmanRecordSet> real;
-    std::optional<ScheduledGame> scheduled;  // nothing: an exhibition
-    int daysReduced = 0;  // taken off all rests of the league while the line-ups were made; goes into the posting
-};
-// It outlives the screen that plays it.
-using GamePtr = std::shared_ptr<const PreparedGame>;
 
 // What an exhibition game is made of.
 struct ExhibitionGame {
