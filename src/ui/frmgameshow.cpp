@@ -79,7 +79,8 @@ void frmGame::SetUpGrids() {
     PlainGrid(ui_->grdHomePlayer, 10, 4);
     PlainGrid(ui_->grdPlayers, 10, 6);
     for (QTableWidget* grid : {ui_->grdVisitorPlayer, ui_->grdHomePlayer}) {
-        grid->horizontalHeader()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
+        for (const int column : {0, 2})  // the game's figures are short; the season's need the room
+            grid->horizontalHeader()->setSectionResizeMode(column, QHeaderView::ResizeToContents);
         grid->setTextElideMode(Qt::ElideNone);  // a figure that only just fits is better whole than with dots
     }
     for (int column = 0; column < 6; ++column)

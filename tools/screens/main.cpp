@@ -56,8 +56,9 @@ class Camera {
 
     // A picture of the widget in both sizes.
     void Take(QWidget& screen, const QString& name) {
+        screen.show();  // a hidden window doesn't shrink with its letters
         for (const QSize& size : {QSize(1024, 768), QSize(1920, 1080)}) {
-            for (int pass = 0; pass < 2; ++pass) {  // smaller letters let it shrink further
+            for (int pass = 0; pass < 4; ++pass) {  // smaller letters let it shrink further
                 screen.resize(size);
                 QApplication::processEvents();
             }
@@ -208,11 +209,12 @@ void TakeScheduled(Camera& camera, Session& session) {
     demo::Outside outside;
     frmPreSchedGame setup(session, outside.Get(), OptionsFrom(session.Settings()));
     camera.Take(setup, QStringLiteral("frmPreSchedGame"));
-    frmProgress2& progress = *setup.findChild<frmProgress2*>(QStringLiteral("fraProgress2"));
+    frmPreSchedGame running(session, outside.Get(), OptionsFrom(session.Settings()));
+    frmProgress2& progress = *running.findChild<frmProgress2*>(QStringLiteral("fraProgress2"));
     QuickPlayProgress part{412, 1044, "1975-07-19", {{1, 2}}, 0.9};
     progress.Show(part, "July 19:  a game of that day", false);
-    setup.findChild<QStackedWidget*>(QStringLiteral("stkLower"))->setCurrentIndex(1);
-    camera.Take(setup, QStringLiteral("frmProgress2"));
+    running.findChild<QStackedWidget*>(QStringLiteral("stkLower"))->setCurrentIndex(1);
+    camera.Take(running, QStringLiteral("frmProgress2"));
     frmScheduler editor(session, outside.Get());
     camera.Take(editor, QStringLiteral("frmScheduler"));
     frmSchedReport report(session);
