@@ -1,5 +1,7 @@
 #include "narration/narrator.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 
 #include "narration/naming.h"
@@ -66,6 +68,17 @@ void Narrator::Say(std::string_view key, const GameData& data, const GameState& 
 void Narrator::Welcome(const GameData& data, const GameState& state) {
     BeginText(false);
     Say("Welcome", data, state, {});
+}
+
+void Narrator::WelcomeBack(const GameData& data, const GameState& state) {
+    BeginText(false);
+    Say("WelcomeBack", data, state, {});
+    const auto score = [&](Side side) {
+        return fmt::format("{} {}", ShortTeamName(data[side].roster.team), state[side].Runs);
+    };
+    text_ +=
+        fmt::format(" It's the {} of the {}. The score: {}, {}.", state.BattingSide == Side::Visitor ? "top" : "bottom",
+                    NameText(Name::Inning, data, state, {}), score(Side::Visitor), score(Side::Home));
 }
 
 void Narrator::OnEvent(const GameData& data, const GameState& state, const GameEvent& event) {

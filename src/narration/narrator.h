@@ -24,6 +24,8 @@ class Narrator : public GameListener {
 
     // The opening; call it with the state at the first pitch.
     void Welcome(const GameData& data, const GameState& state);
+    // The opening of a game that is taken up again: inning and score are told too.
+    void WelcomeBack(const GameData& data, const GameState& state);
     void OnEvent(const GameData& data, const GameState& state, const GameEvent& event) override;
     // Gives the sink what is left at the end of the game.
     void Finish();

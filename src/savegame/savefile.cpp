@@ -84,7 +84,7 @@ void TakeAll(std::vector<Man>& men, const std::vector<Man>& now) {
 }  // namespace
 
 std::filesystem::path SaveGameFile(const std::filesystem::path& seasonFolder, std::int32_t GameID) {
-    return seasonFolder / (GameID == 0 ? std::string("ExhGame.txt") : fmt::format("SaveGame{}.txt", GameID));
+    return seasonFolder / (GameID == kExhibitionGameID ? std::string("ExhGame.txt") : fmt::format("SaveGame{}.txt", GameID));
 }
 
 void SaveGame(const std::filesystem::path& file, const SavedGame& game) {

@@ -6,8 +6,10 @@
 
 namespace tarvane {
 
-// Where a game of a season is saved: SaveGame<GameID>.txt for one of the schedule or of a tournament; GameID 0 is the
-// one exhibition game that there is at a time, ExhGame.txt.
+inline constexpr std::int32_t kExhibitionGameID = 0;
+
+// Where a game of a season is saved: SaveGame<GameID>.txt for one of the schedule or of a tournament; the one
+// exhibition game that there is at a time has GameID 0 and is ExhGame.txt.
 std::filesystem::path SaveGameFile(const std::filesystem::path& seasonFolder, std::int32_t GameID);
 
 // Writes a game whole or not at all; an earlier save of it gives way. Throws UserError that names the file.

@@ -20,6 +20,22 @@ frmGame::frmGame(GamePtr setup, const GameOptions& options, std::uint64_t seed, 
       services_(services),
       session_(std::move(setup), options, seed),
       ui_(std::make_unique<Ui::frmGame>()) {
+    Build();
+}
+
+frmGame::frmGame(const SavedGame& saved, const std::filesystem::path& file, const GameOptions& options,
+                 std::uint64_t seed, Services services, QWidget* parent)
+    : Screen(parent),
+      services_(services),
+      session_(saved, options, seed),
+      ui_(std::make_unique<Ui::frmGame>()),
+      secondsBefore_(saved.seconds),
+      saveFile_(file),
+      resumedFrom_(file) {
+    Build();
+}
+
+void frmGame::Build() {
     ui_->setupUi(this);
     SetUpGrids();
     BuildSettingsMenu();
@@ -43,17 +59,20 @@ void frmGame::Begin() {
         QTimer::singleShot(0, this, &QWidget::close);
         return;
     }
-    const GameOptions& options = session_.Options();
-    if (options.ComputerMgrAutoClick && options.PromptSpectatorMode && options.ComputerPlaysBoth()) {
-        services_.sound.Beep();
-        session_.SpectatorMode =
-            services_.dialogs.Ask(
-                "Computer Manager is on for game play and substitutions for both teams and 1-Click Result "
-                "is also on.\nWould you like to view this game as a spectator?",
-                "Game Play Mode") == Reply::Yes;
-    }
+    if (resumedFrom_.empty()) OfferSpectator();
     begun_ = true;
     Refresh();
+}
+
+void frmGame::OfferSpectator() {
+    const GameOptions& options = session_.Options();
+    if (!options.ComputerMgrAutoClick || !options.PromptSpectatorMode || !options.ComputerPlaysBoth()) return;
+    services_.sound.Beep();
+    session_.SpectatorMode =
+        services_.dialogs.Ask(
+            "Computer Manager is on for game play and substitutions for both teams and 1-Click Result "
+            "is also on.\nWould you like to view this game as a spectator?",
+            "Game Play Mode") == Reply::Yes;
 }
 
 void frmGame::showEvent(QShowEvent* event) {
@@ -246,19 +265,6 @@ bool frmGame::AskManager() {
 void frmGame::EndGame() {
     Refresh();
     Q_EMIT Finished();
-}
-
-bool frmGame::MayClose() {
-    if (mayClose_ || session_.Over()) return true;
-    services_.sound.Stop();
-    services_.sound.Beep();
-    const Question question = QuitQuestion();
-    switch (services_.dialogs.Ask(question.text, question.title, true)) {
-        case Reply::No: return true;
-        case Reply::Yes: Say(tr("A game can't be saved yet. It goes on as it stands.")); return false;
-        case Reply::Cancel: break;
-    }
-    return false;
 }
 
 }  // namespace tarvane

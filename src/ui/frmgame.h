@@ -2,6 +2,7 @@
 
 #include <QElapsedTimer>
 #include <QTimer>
+#include <filesystem>
 #include <memory>
 
 #include "ui/gamesession.h"
@@ -30,7 +31,13 @@ class frmGame : public Screen {
   public:
     frmGame(GamePtr setup, const GameOptions& options, std::uint64_t seed, Services services,
             QWidget* parent = nullptr);
+    // A game taken up again from its file.
+    frmGame(const SavedGame& saved, const std::filesystem::path& file, const GameOptions& options, std::uint64_t seed,
+            Services services, QWidget* parent = nullptr);
     ~frmGame() override;
+
+    // Where the game is saved when the user leaves it; without it a game can't be saved.
+    void SaveTo(const std::filesystem::path& file) { saveFile_ = file; }
 
     const GameSession& Session() const { return session_; }
     // The game as it stands.
@@ -39,6 +46,8 @@ class frmGame : public Screen {
   Q_SIGNALS:
     // The user is done with a game that is over.
     void Finished();
+    // The game lies in its file; the screen closes.
+    void Saved();
 
   protected:
     bool MayClose() override;
@@ -53,7 +62,13 @@ class frmGame : public Screen {
     void ConnectControls();
     void SetUpGrids();
     void BuildSettingsMenu();
+    void Build();
     void Begin();
+    void OfferSpectator();
+
+    // --- Leaving ---
+    bool SaveAndLeave();
+    void GiveUp();
 
     // --- Clicks ---
     void Play();
@@ -89,7 +104,9 @@ class frmGame : public Screen {
     GameSession session_;
     std::unique_ptr<Ui::frmGame> ui_;
     QTimer pause_;
-    QElapsedTimer clock_;  // since the game began
+    QElapsedTimer clock_;       // since this sitting began
+    double secondsBefore_ = 0;  // in earlier sittings
+    std::filesystem::path saveFile_, resumedFrom_;
     QMenu* settings_ = nullptr;
     Shown shown_ = Shown::Current;
     bool opponentShown_ = false, walkOffTold_ = false, mayClose_ = false, begun_ = false, focusOnPlay_ = true,

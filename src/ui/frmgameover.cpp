@@ -6,6 +6,7 @@
 
 #include "base/error.h"
 #include "engine/boxtext.h"
+#include "savegame/savefile.h"
 #include "ui/frmboxscore.h"
 #include "ui/linescore.h"
 #include "ui/qtext.h"
@@ -131,8 +132,19 @@ void frmGameOver::Finish() {
         }
         for (const std::string& message : missing) services_.dialogs.Warn(message, kSaveTitle);
     }
+    DropSavedGame();
     mayClose_ = true;
     close();
+}
+
+// The file of a game that was taken up again is of no more use.
+void frmGameOver::DropSavedGame() {
+    if (game_.resumedFrom.empty()) return;
+    try {
+        DeleteSavedGame(game_.resumedFrom);
+    } catch (const UserError& failure) {
+        services_.dialogs.Warn(failure.what(), kSaveTitle);
+    }
 }
 
 bool frmGameOver::MayClose() {

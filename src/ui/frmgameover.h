@@ -33,6 +33,7 @@ class frmGameOver : public Screen {
     void ShowForms();
     KeepChoices Choices() const;
     void Finish();
+    void DropSavedGame();
 
     PlayedGame game_;
     Session* session_;

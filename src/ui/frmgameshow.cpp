@@ -304,7 +304,8 @@ void frmGame::ShowLineup() {
 }
 
 PlayedGame frmGame::Played() const {
-    return {session_.Setup(), session_.State(), session_.Sheet(), static_cast<long>(clock_.elapsed() / 1000)};
+    const double seconds = secondsBefore_ + static_cast<double>(clock_.elapsed()) / 1000;
+    return {session_.Setup(), session_.State(), session_.Sheet(), static_cast<long>(seconds), resumedFrom_};
 }
 
 void frmGame::ShowBoxScore() {

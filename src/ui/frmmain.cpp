@@ -3,11 +3,13 @@
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QGuiApplication>
 #include <QStandardPaths>
 #include <QTimer>
 #include <random>
 
 #include "base/error.h"
+#include "savegame/savefile.h"
 #include "ui/frmcomputermgr.h"
 #include "ui/frmgame.h"
 #include "ui/frmgamelineups.h"
@@ -144,7 +146,9 @@ void frmMain::Show(Screen* screen) {
 void frmMain::OpenExhibition() {
     auto* screen = new frmPreExGame(seasons_, services_, options_);
     connect(screen, &frmPreExGame::GameReady, this, &frmMain::Play);
+    connect(screen, &frmPreExGame::ResumeGame, this, &frmMain::Resume);
     Show(screen);
+    screen->OfferSavedGame();
 }
 
 void frmMain::OpenScheduled() {
@@ -154,6 +158,7 @@ void frmMain::OpenScheduled() {
     }
     auto* screen = new frmPreSchedGame(*seasons_.Store(), services_, options_, seed_);
     connect(screen, &frmPreSchedGame::GameReady, this, &frmMain::Play);
+    connect(screen, &frmPreSchedGame::ResumeGame, this, &frmMain::Resume);
     Show(screen);
 }
 
@@ -178,8 +183,7 @@ void frmMain::OpenImport() {
 void frmMain::Play(const GamePtr& setup) {
     GameOptions options = options_;
     options.computer = setup->control;
-    std::random_device system;
-    const std::uint64_t seed = seed_ != 0 ? seed_ : (static_cast<std::uint64_t>(system()) << 32) + system();
+    const std::uint64_t seed = NextSeed();
     if (options.QuickPlayMode && options.ComputerPlaysBoth()) {
         QElapsedTimer clock;
         clock.start();
@@ -199,8 +203,45 @@ void frmMain::Play(const GamePtr& setup) {
 
 void frmMain::Begin(const GamePtr& setup, const GameOptions& options, std::uint64_t seed) {
     auto* game = new frmGame(setup, options, seed, services_);
+    game->SaveTo(SaveFileOf(*setup));
+    ShowGame(game);
+}
+
+void frmMain::ShowGame(frmGame* game) {
     connect(game, &frmGame::Finished, this, [this, game] { EndOf(game->Played()); });
+    connect(game, &frmGame::Saved, this,
+            [this] { Say(tr("The game is saved. It goes on from where it was set up.")); });
     Show(game);
+}
+
+void frmMain::Resume(const std::filesystem::path& file) {
+    Session& store = *seasons_.Store();
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    std::optional<SavedGame> saved;
+    std::string failure;
+    try {
+        saved = ResumeSavedGame(store.Common(), store.Seasons().Season(), file);
+    } catch (const UserError& error) {
+        failure = error.what();
+    }
+    QGuiApplication::restoreOverrideCursor();
+    if (saved)
+        ShowGame(new frmGame(*saved, file, options_, NextSeed(), services_));
+    else
+        services_.dialogs.Warn(failure, "Resume Saved Game");
+}
+
+// In the season's folder; nowhere without one.
+std::filesystem::path frmMain::SaveFileOf(const PreparedGame& game) {
+    if (seasons_.Store() == nullptr) return {};
+    const std::filesystem::path folder = seasons_.Store()->Paths().SeasonFolder(seasons_.ActiveSeason());
+    return SaveGameFile(folder, game.scheduled ? game.scheduled->GameID : kExhibitionGameID);
+}
+
+std::uint64_t frmMain::NextSeed() const {
+    if (seed_ != 0) return seed_;
+    std::random_device system;
+    return (static_cast<std::uint64_t>(system()) << 32) + system();
 }
 
 void frmMain::EndOf(const PlayedGame& game) {

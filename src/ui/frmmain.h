@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <filesystem>
 #include <memory>
 
 #include "ui/gameoptions.h"
@@ -17,6 +18,7 @@ namespace tarvane {
 
 class MenuGrid;
 class Screen;
+class frmGame;
 
 // The main menu. It is hidden while another screen is open and shows again when that closes.
 class frmMain : public QMainWindow {
@@ -62,6 +64,11 @@ class frmMain : public QMainWindow {
     // A game made ready: unseen by quick play, else by its line-ups to the game screen.
     void Play(const GamePtr& setup);
     void Begin(const GamePtr& setup, const GameOptions& options, std::uint64_t seed);
+    // A game from its file; the screen that is open stays if it can't be.
+    void Resume(const std::filesystem::path& file);
+    void ShowGame(frmGame* game);
+    std::filesystem::path SaveFileOf(const PreparedGame& game);
+    std::uint64_t NextSeed() const;
     void EndOf(const PlayedGame& game);
     void Say(const QString& text);
     MenuContext Context() const;

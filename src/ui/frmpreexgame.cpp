@@ -3,6 +3,8 @@
 #include <QComboBox>
 
 #include "base/error.h"
+#include "data/session.h"
+#include "savegame/savefile.h"
 #include "season/managerchecks.h"
 #include "ui_frmpreexgame.h"
 
@@ -45,6 +47,19 @@ void frmPreExGame::TeamChosen(Side side) {
     const TeamEntry& team = teams_[static_cast<std::size_t>(index)];
     switches_[side].Show(ManagerChoiceOf(team, options_.computer[side]));
     if (side == Side::Home) ui_->cmbParks->setCurrentIndex(ParkOf(team, parks_));
+}
+
+void frmPreExGame::OfferSavedGame() {
+    if (seasons_.Store() == nullptr) return;
+    const Session& store = *seasons_.Store();
+    const std::filesystem::path file =
+        SaveGameFile(store.Paths().SeasonFolder(seasons_.ActiveSeason()), kExhibitionGameID);
+    std::error_code ignored;
+    if (!std::filesystem::exists(file, ignored)) return;
+    if (services_.dialogs.Ask("A saved exhibition game file exists. Do you want to resume the saved exhibition game?\n"
+                              "Click Yes to resume the saved exhibition game, otherwise Click No.",
+                              "Play Exibition Game") == Reply::Yes)
+        Q_EMIT ResumeGame(file);
 }
 
 void frmPreExGame::Next() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <memory>
 
 #include "ui/exhibition.h"
@@ -25,9 +26,14 @@ class frmPreExGame : public Screen {
     frmPreExGame(SeasonAccess& seasons, Services services, const GameOptions& options, QWidget* parent = nullptr);
     ~frmPreExGame() override;
 
+    // Asks whether the saved exhibition game is to go on, if there is one; to be called once the screen is up.
+    void OfferSavedGame();
+
   Q_SIGNALS:
     // The game is ready to begin.
     void GameReady(const tarvane::GamePtr& setup);
+    // The saved exhibition game is to go on.
+    void ResumeGame(const std::filesystem::path& file);
 
   private:
     void TeamChosen(Side side);

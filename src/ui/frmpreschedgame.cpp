@@ -205,7 +205,10 @@ void frmPreSchedGame::Next() {
     if (!selected || book_.Games()[*selected].played) return warn("Please select un-played game");
     const ScheduleEntry& entry = book_.Games()[*selected];
     if (!book_.InTurn(*selected)) return warn("Scheduled games must be played sequentially");
-    if (entry.saved) return warn("This game was broken off and lies in a file. It can't be resumed yet.");
+    if (entry.saved) {
+        Q_EMIT ResumeGame(book_.SaveFile(entry.game.GameID));
+        return;
+    }
     const PerSide<SideControl> control{{switches_[Side::Visitor].Read(), switches_[Side::Home].Read()}};
     try {
         const ManagerFault fault = CheckScheduledGame(session_, entry.game, control);

@@ -37,6 +37,8 @@ class frmPreSchedGame : public Screen {
   Q_SIGNALS:
     // The game is ready to begin.
     void GameReady(const tarvane::GamePtr& setup);
+    // The game that was broken off is to go on.
+    void ResumeGame(const std::filesystem::path& file);
 
   protected:
     bool MayClose() override;

@@ -2,6 +2,7 @@
 
 #include "base/error.h"
 #include "data/rules.h"
+#include "savegame/savefile.h"
 #include "season/posting.h"
 
 namespace tarvane {
@@ -38,6 +39,7 @@ std::vector<std::string> KeepGame(Session& session, const PlayedGame& game, cons
     posting.resultsFile2 = names.scoreSheet;
     GameData data =
         game.setup->data;  // the posting brings its rosters up to date; the game on the screen stays as played
+    if (!game.resumedFrom.empty()) TakeSeasonFigures(season, data, posting.daysReduced);
     const PostingReport report = poster.Post(posting, data, game.state);
     missing.insert(missing.end(), report.messages.begin(), report.messages.end());
     return missing;

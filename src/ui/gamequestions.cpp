@@ -264,10 +264,19 @@ Question WalkQuestion(const GameData& data, const GameState& state, const GameOp
     return {"Issue Intentional Walk", first + "\nClick Yes to issue walk, otherwise Click No.", {}, {}};
 }
 
-Question QuitQuestion() {
+Question QuitQuestion(const PreparedGame& game) {
+    const LeagueRules& rules = game.data.rules;
+    const char* kind = "";
+    if (game.scheduled && rules.TourneyMode)
+        kind = rules.TourneyType == "P"
+                   ? "Saved game must be completed before advancing to next game date for the post season.\n"
+                   : "Saved game must be completed before advancing to next game date for the tournament.\n";
+    else if (game.scheduled)
+        kind = "Saved game must be completed before advancing to next game date from the schedule.\n";
     return {"Tarvane PC Baseball Game Play",
-            "Do you want to save the game in progress?\nClick Yes to save game in progress. \n"
-            "Click No to quit game and do not save game in progress. All game results will be lost.",
+            fmt::format("Do you want to save the game in progress?\nClick Yes to save game in progress. \n{}"
+                        "Click No to quit game and do not save game in progress. All game results will be lost.",
+                        kind),
             {},
             {}};
 }

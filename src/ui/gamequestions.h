@@ -30,7 +30,9 @@ Question MoveQuestion(const GameData& data, const GameState& state, const GameOp
                       const ProposedMove& move);
 
 Question WalkQuestion(const GameData& data, const GameState& state, const GameOptions& options);
-Question QuitQuestion();
+// Whether to save a game that is left, with what that means for its kind: one of the schedule, of a tournament, of the
+// post season, or an exhibition.
+Question QuitQuestion(const PreparedGame& game);
 
 // The intervals that quick play offers now, in order; the inning of the last one is 0, the rest of the game.
 struct QuickPlayChoice {

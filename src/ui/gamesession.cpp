@@ -13,12 +13,64 @@ namespace tarvane {
 namespace {
 // More changes than this before one pitch are a manager who can't make up his mind: the pitch is thrown.
 constexpr int kMaxOrdersBeforePitch = 24;
+// Sets the faces of the dice apart from the dice.
+constexpr std::uint64_t kDecoration = 0x9E3779B97F4A7C15ULL;
 }  // namespace
 
 GameSession::GameSession(GamePtr setup, const GameOptions& options, std::uint64_t seed)
-    : setup_(std::move(setup)), options_(options), random_(seed), decoration_(seed ^ 0x9E3779B97F4A7C15ULL) {
+    : setup_(std::move(setup)), options_(options), random_(seed), decoration_(seed ^ kDecoration) {
+    MakeManagers(seed);
+}
+
+GameSession::GameSession(SavedGame saved, const GameOptions& options, std::uint64_t seed)
+    : setup_(std::make_shared<const PreparedGame>(std::move(saved.game))),
+      options_(options),
+      state_(saved.state),
+      random_(seed),
+      decoration_(seed ^ kDecoration),
+      sheet_(std::move(saved.sheet)),
+      resumed_(true) {
+    options_.computer = state_.computer;
+    MakeManagers(seed);
+    arrived_ = CanRoll() && state_.sheet == SheetCode::P;
+    if (saved.session) Remember(*saved.session);
+}
+
+void GameSession::MakeManagers(std::uint64_t seed) {
     for (const Side side : kBothSides)
         manager_[side] = std::make_unique<ComputerManager>(side, ManagerRandom(seed, side), setup_->knowledge[side]);
+}
+
+void GameSession::Remember(const SessionMemory& memory) {
+    random_ = memory.random;
+    decoration_ = memory.decoration;
+    for (const Side side : kBothSides) manager_[side]->Remember(memory.manager[side]);
+    arrived_ = memory.arrived;
+    orders_ = memory.orders;
+    declined_ = memory.declined;
+    if (memory.proposer) proposed_ = ProposedMove{*memory.proposer, memory.proposed};
+    toldBefore_ = memory.told;
+}
+
+SavedGame GameSession::Saved() const {
+    SavedGame saved;
+    saved.game = *setup_;
+    saved.state = state_;
+    saved.sheet = sheet_;
+    SessionMemory& memory = saved.session.emplace();
+    memory.random = random_;
+    memory.decoration = decoration_;
+    for (const Side side : kBothSides) memory.manager[side] = manager_[side]->Remembered();
+    memory.arrived = arrived_;
+    memory.orders = orders_;
+    memory.declined = declined_;
+    memory.told = text_.Text();
+    if (watched_) saved.state.computer = watched_->state;
+    if (proposed_) {
+        memory.proposer = proposed_->side;
+        memory.proposed = proposed_->input;
+    }
+    return saved;
 }
 
 Random GameSession::ManagerRandom(std::uint64_t seed, Side side) {
@@ -28,6 +80,11 @@ Random GameSession::ManagerRandom(std::uint64_t seed, Side side) {
 GameSession::~GameSession() = default;
 
 Reject GameSession::Start() {
+    if (resumed_) {
+        text_.WelcomeBack(Data(), state_, toldBefore_);
+        Settle();
+        return Reject::None;
+    }
     state_.computer = options_.computer;
     const Reject reject = StartGame(Data(), setup_->lineup[Side::Visitor], setup_->lineup[Side::Home], state_);
     if (reject != Reject::None) return reject;

@@ -8,6 +8,7 @@
 #include "base/random.h"
 #include "documents/scoresheet.h"
 #include "engine/game.h"
+#include "savegame/savegame.h"
 #include "ui/gameoptions.h"
 #include "ui/playbyplay.h"
 #include "ui/seasonaccess.h"
@@ -41,9 +42,11 @@ struct Reminder {
 class GameSession : private GameListener {
   public:
     GameSession(GamePtr setup, const GameOptions& options, std::uint64_t seed);
+    // A game taken up again. The seed serves only a save that doesn't hold its dice.
+    GameSession(SavedGame saved, const GameOptions& options, std::uint64_t seed);
     ~GameSession() override;
 
-    // The line-ups take the field; a reason if they may not.
+    // The line-ups take the field; a reason if they may not. A game taken up again goes on where it stood.
     Reject Start();
 
     // --- Inputs. Each does nothing and gives false if it isn't legal now. ---
@@ -90,6 +93,9 @@ class GameSession : private GameListener {
     std::string RunningText() const { return text_.Text(); }
     const ScoreSheet& Sheet() const { return sheet_; }
 
+    // The game as it stands, to be put away; how long it took is for the caller to say. Watching ends with it.
+    SavedGame Saved() const;
+
     // Reminders to managers since the last call, oldest first.
     std::vector<Reminder> TakeReminders();
 
@@ -98,6 +104,8 @@ class GameSession : private GameListener {
 
   private:
     void OnEvent(const GameData& data, const GameState& state, const GameEvent& event) override;
+    void MakeManagers(std::uint64_t seed);
+    void Remember(const SessionMemory& memory);
     bool Take(const Input& input);
     bool RollWith(int chartRoll);
     void Remember(int chartRoll);
@@ -114,7 +122,7 @@ class GameSession : private GameListener {
     GameState state_;
     Random random_;
     Random decoration_;  // dice faces; the game never sees it
-    PerSide<std::unique_ptr<Manager>> manager_;
+    PerSide<std::unique_ptr<ComputerManager>> manager_;
     std::optional<ChartShown> last_;
     PlayByPlay text_;
     ScoreSheet sheet_;
@@ -128,8 +136,10 @@ class GameSession : private GameListener {
         int throughInning = 0;
     };
     std::optional<Watched> watched_;
-    bool quiet_ = false;    // quick play: nothing is told
-    bool arrived_ = false;  // the computer managers have not yet been asked before this pitch
+    bool resumed_ = false;
+    std::string toldBefore_;  // in the game's earlier sittings
+    bool quiet_ = false;      // quick play: nothing is told
+    bool arrived_ = false;    // the computer managers have not yet been asked before this pitch
 };
 
 }  // namespace tarvane

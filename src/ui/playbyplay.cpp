@@ -30,6 +30,11 @@ void PlayByPlay::Welcome(const GameData& data, const GameState& state) {
     if (narrator_) narrator_->Welcome(data, state);
 }
 
+void PlayByPlay::WelcomeBack(const GameData& data, const GameState& state, const std::string& before) {
+    if (!before.empty()) Note(before);
+    if (narrator_) narrator_->WelcomeBack(data, state);
+}
+
 void PlayByPlay::OnEvent(const GameData& data, const GameState& state, const GameEvent& event) {
     if (narrator_) narrator_->OnEvent(data, state, event);
 }

@@ -18,6 +18,8 @@ class PlayByPlay {
 
     // The opening; call it with the state at the first pitch.
     void Welcome(const GameData& data, const GameState& state);
+    // The same for a game taken up again, behind what was told of it before.
+    void WelcomeBack(const GameData& data, const GameState& state, const std::string& before);
     void OnEvent(const GameData& data, const GameState& state, const GameEvent& event);
     // A line of the program's own, such as what happened while nobody was told.
     void Note(const std::string& text);

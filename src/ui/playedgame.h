@@ -1,5 +1,7 @@
 #pragma once
 
+#include <filesystem>
+
 #include "documents/gamefiles.h"
 #include "ui/seasonaccess.h"
 
@@ -10,7 +12,8 @@ struct PlayedGame {
     GamePtr setup;
     GameState state;
     ScoreSheet sheet;
-    long seconds = -1;  // it took so far; below 0: not known
+    long seconds = -1;                       // it took so far; below 0: not known
+    std::filesystem::path resumedFrom = {};  // the file it was taken up from; empty: none
 
     FinishedGame Facts() const { return {setup->data, state, sheet, seconds}; }
 };

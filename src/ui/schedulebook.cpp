@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include "data/teams.h"
+#include "savegame/savefile.h"
 
 namespace tarvane {
 
@@ -31,14 +32,12 @@ void ScheduleBook::Load() {
     byID_.clear();
     days_.clear();
     played_ = 0;
-    const std::filesystem::path folder = session_.Paths().SeasonFolder(session_.Seasons().ActiveSeason());
     Statement rows = season.Prepare(
         "SELECT GameID, GameDate, VisitorTeamIndex, HomeTeamIndex, VisitorLineupNbr, HomeLineupNbr, Played, "
         "VisitorScore, HomeScore, ResultsFile1, ResultsFile2 FROM Schedule ORDER BY GameDate, GameID");
     while (rows.Step()) {
         ScheduleEntry entry = ReadEntry(rows);
-        if (!entry.played)
-            entry.saved = std::filesystem::exists(folder / fmt::format("SaveGame{}.txt", entry.game.GameID));
+        if (!entry.played) entry.saved = std::filesystem::exists(SaveFile(entry.game.GameID));
         byID_[entry.game.GameID] = games_.size();
         DayCount& day = days_[entry.game.GameDate];
         ++day.games;
@@ -48,6 +47,10 @@ void ScheduleBook::Load() {
         }
         games_.push_back(std::move(entry));
     }
+}
+
+std::filesystem::path ScheduleBook::SaveFile(std::int32_t gameID) const {
+    return SaveGameFile(session_.Paths().SeasonFolder(session_.Seasons().ActiveSeason()), gameID);
 }
 
 const Team* ScheduleBook::FindTeam(std::int32_t teamIdx) const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <map>
 #include <optional>
 #include <string>
@@ -52,6 +53,9 @@ class ScheduleBook {
         bool saved = false;
     };
     Range Through(std::size_t game) const;
+
+    // Where a game lies that was broken off.
+    std::filesystem::path SaveFile(std::int32_t gameID) const;
 
     // Takes over the result of a game that was posted elsewhere.
     void MarkPlayed(std::int32_t gameID, const PerSide<int>& score, const std::string& resultsFile1);
