@@ -19,6 +19,7 @@
 #include "base/error.h"
 #include "data/session.h"
 #include "engine/boxtext.h"
+#include "layoutfaults.h"
 #include "ui/demo.h"
 #include "ui/frmboxscore.h"
 #include "ui/frmchoice.h"
@@ -43,6 +44,7 @@
 #include "ui/frmteamvsteam.h"
 #include "ui/frmviewlineup.h"
 #include "ui/icon.h"
+#include "ui/openlineups.h"
 #include "ui/storedseasons.h"
 #include "ui/theme.h"
 
@@ -70,6 +72,10 @@ class Camera {
     void TakeAsIs(QWidget& screen, const QString& name) {
         screen.show();
         QApplication::processEvents();
+        for (const QString& fault : LayoutFaults(screen)) {
+            fmt::print(stderr, "{}: {}\n", name.toStdString(), fault.toStdString());
+            failed = true;
+        }
         const QString file = QStringLiteral("%1/%2.png").arg(folder_, name);
         if (screen.grab().save(file)) {
             fmt::print("{}\n", file.toStdString());
@@ -90,22 +96,29 @@ void Press(QWidget& screen, const char* name, int times) {
     for (int i = 0; i < times && button != nullptr && button->isEnabled(); ++i) button->click();
 }
 
+// Clicks of the game's play button; a change that the game waits for is the computer's.
+void PlayOn(frmGame& game, int times) {
+    for (int i = 0; i < times && !game.Session().Over(); ++i) {
+        Press(game, "cmdPlay", 1);
+        demo::AnswerLineups();
+    }
+}
+
 void TakeGame(Camera& camera, const GamePtr& setup, demo::Outside& outside) {
     GameOptions options;
     options.ManualDiceRolls = true;
     frmGame game(setup, options, 1975, outside.Get());
     camera.Take(game, QStringLiteral("frmGame-start"));
-    Press(game, "cmdPlay", 60);
+    PlayOn(game, 60);
     camera.Take(game, QStringLiteral("frmGame-play"));
-    while (game.Session().State().sheet != SheetCode::B && !game.Session().Over()) Press(game, "cmdPlay", 1);
+    while (game.Session().State().sheet != SheetCode::B && !game.Session().Over()) PlayOn(game, 1);
     camera.Take(game, QStringLiteral("frmGame-batter"));
     frmGame resumed(game.Session().Saved(), {}, options, 1975, outside.Get());
     camera.Take(resumed, QStringLiteral("frmGame-resumed"));
     Press(game, "chkcurrPrev", 1);
     camera.Take(game, QStringLiteral("frmGame-previous"));
     Press(game, "chkcurrPrev", 1);
-    while (!game.Session().Over() && game.findChild<QPushButton*>(QStringLiteral("cmdPlay"))->isEnabled())
-        Press(game, "cmdPlay", 1);
+    PlayOn(game, 5000);
     camera.Take(game, QStringLiteral("frmGame-over"));
     frmBoxScore box(game.Played());
     camera.Take(box, QStringLiteral("frmBoxScore"));
