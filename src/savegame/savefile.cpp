@@ -70,6 +70,7 @@ void TakeFigures(Pitcher& man, const Pitcher& now) {
     man.battingRates = now.battingRates;
     man.PitcherRestDays = now.PitcherRestDays;
     man.PitchedOnDay = now.PitchedOnDay;
+    man.IPOutsToday = now.IPOutsToday;
     man.injury = now.injury;
     man.CombinedPlayerID = now.CombinedPlayerID;
 }
@@ -84,16 +85,21 @@ void TakeAll(std::vector<Man>& men, const std::vector<Man>& now) {
 }  // namespace
 
 std::filesystem::path SaveGameFile(const std::filesystem::path& seasonFolder, std::int32_t GameID) {
-    return seasonFolder / (GameID == kExhibitionGameID ? std::string("ExhGame.txt") : fmt::format("SaveGame{}.txt", GameID));
+    return seasonFolder /
+           (GameID == kExhibitionGameID ? std::string("ExhGame.txt") : fmt::format("SaveGame{}.txt", GameID));
 }
 
-void SaveGame(const std::filesystem::path& file, const SavedGame& game) {
+void WriteSaveFile(const std::filesystem::path& file, const SavedGame& game) {
     WriteFile(file, WriteSaveGame(game));
 }
 
 SavedGame ResumeSavedGame(Database& common, Database& season, const std::filesystem::path& file) {
     const std::string text = ReadFile(file);
     SavedGame game = ReadSaveGame(text, file.string(), [&](const SaveHead& head, PreparedGame& basis) {
+        if (SaveGameFile(file.parent_path(), head.GameID) != file)
+            throw UserError(fmt::format(
+                "{} holds {} and not the game of its name: move it away, and the game is played from its start.",
+                file.string(), head.scheduled ? fmt::format("game {}", head.GameID) : "an exhibition game"));
         FillFromSeason(common, season, head, basis);
     });
     for (const Side side : kBothSides) {

@@ -13,10 +13,11 @@ inline constexpr std::int32_t kExhibitionGameID = 0;
 std::filesystem::path SaveGameFile(const std::filesystem::path& seasonFolder, std::int32_t GameID);
 
 // Writes a game whole or not at all; an earlier save of it gives way. Throws UserError that names the file.
-void SaveGame(const std::filesystem::path& file, const SavedGame& game);
+void WriteSaveFile(const std::filesystem::path& file, const SavedGame& game);
 
 // Takes a game up again from its file: rosters, charts, park and year as they stood; the rules, the game's charts, the
-// defensive era and the real statistics from the tables. Throws UserError that says what is wrong; the file stays.
+// defensive era and the real statistics from the tables. Throws UserError that says what is wrong, also if the
+// file is of another game than its name says; the file stays.
 SavedGame ResumeSavedGame(Database& common, Database& season, const std::filesystem::path& file);
 
 // Takes the file of a game away that is over or given up. Throws UserError if it can't be deleted.

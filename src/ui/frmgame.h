@@ -38,6 +38,8 @@ class frmGame : public Screen {
 
     // Where the game is saved when the user leaves it; without it a game can't be saved.
     void SaveTo(const std::filesystem::path& file) { saveFile_ = file; }
+    // Writes the game as it stands; false if that wasn't possible, and the user knows why.
+    bool SaveGame();
 
     const GameSession& Session() const { return session_; }
     // The game as it stands.
@@ -46,7 +48,7 @@ class frmGame : public Screen {
   Q_SIGNALS:
     // The user is done with a game that is over.
     void Finished();
-    // The game lies in its file; the screen closes.
+    // The game lies in its file.
     void Saved();
 
   protected:
@@ -67,7 +69,6 @@ class frmGame : public Screen {
     void OfferSpectator();
 
     // --- Leaving ---
-    bool SaveAndLeave();
     void GiveUp();
 
     // --- Clicks ---

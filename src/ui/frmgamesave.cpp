@@ -17,14 +17,14 @@ bool frmGame::MayClose() {
     services_.sound.Beep();
     const Question question = QuitQuestion(session_.Game());
     switch (services_.dialogs.Ask(question.text, question.title, true)) {
-        case Reply::Yes: return SaveAndLeave();
+        case Reply::Yes: return SaveGame();
         case Reply::No: GiveUp(); return true;
         case Reply::Cancel: break;
     }
     return false;
 }
 
-bool frmGame::SaveAndLeave() {
+bool frmGame::SaveGame() {
     if (saveFile_.empty()) {
         services_.dialogs.Warn("The game can't be saved: there is no season on the disk to keep it in.", kQuitTitle);
         return false;
@@ -32,12 +32,11 @@ bool frmGame::SaveAndLeave() {
     try {
         SavedGame game = session_.Saved();
         game.seconds = secondsBefore_ + static_cast<double>(clock_.elapsed()) / 1000;
-        SaveGame(saveFile_, game);
+        WriteSaveFile(saveFile_, game);
     } catch (const UserError& failure) {  // the game is still on the screen: he can make room and try again
         services_.dialogs.Warn(failure.what(), kQuitTitle);
         return false;
     }
-    mayClose_ = true;
     Q_EMIT Saved();
     return true;
 }

@@ -76,6 +76,14 @@ TEST(SaveGame, AnExhibitionHasABlankForItsDateAndAScheduledGameComesBackAsWhatIt
     saved.seconds = 754.5;
     saved.MusicClipPlayed[7] = true;
     saved.session->told = "First line.\n\nThird, \"quoted\".";
+    saved.session->manager[Side::Home].closerIn = true;
+    saved.session->manager[Side::Home].battersFaced = 31;
+    saved.session->manager[Side::Home].inning = 8;
+    saved.session->declined[Side::Visitor] = true;
+    saved.session->orders = 3;
+    saved.game.knowledge[Side::Visitor].topBatter = {false, true, true};
+    saved.game.knowledge[Side::Visitor].startersAvailable = 2;
+    saved.game.data.team[Side::Home].roster.tendencies.RelieverUsage = 1;
     saved.session->proposer = Side::Home;
     saved.session->proposed = saved.game.lineup[Side::Home];
     const std::string exhibition = WriteSaveGame(saved);
@@ -100,6 +108,15 @@ TEST(SaveGame, AnExhibitionHasABlankForItsDateAndAScheduledGameComesBackAsWhatIt
     EXPECT_EQ(again.session->told, saved.session->told);
     ASSERT_EQ(again.session->proposer, Side::Home);
     EXPECT_EQ(std::get<LineupInput>(again.session->proposed).pitcher, saved.game.lineup[Side::Home].pitcher);
+    EXPECT_TRUE(again.session->manager[Side::Home].closerIn);
+    EXPECT_FALSE(again.session->manager[Side::Visitor].closerIn);
+    EXPECT_EQ(again.session->manager[Side::Home].battersFaced, 31);
+    EXPECT_EQ(again.session->manager[Side::Home].inning, 8);
+    EXPECT_EQ(again.session->declined, saved.session->declined);
+    EXPECT_EQ(again.session->orders, 3);
+    EXPECT_EQ(again.game.knowledge[Side::Visitor].topBatter, saved.game.knowledge[Side::Visitor].topBatter);
+    EXPECT_EQ(again.game.knowledge[Side::Visitor].startersAvailable, 2);
+    EXPECT_EQ(again.game.data[Side::Home].roster.tendencies.RelieverUsage, 1);
     EXPECT_FALSE(Reread(exhibition).game.scheduled.has_value());
 }
 

@@ -235,6 +235,13 @@ TEST(SavedScreens, TheScheduleShowsASavedGameWaitsForItAndADamagedFileIsToldOfAn
     EXPECT_NE(qobject_cast<frmPreSchedGame*>(program.menu.Open()), nullptr) << "the screen stays";
     EXPECT_EQ(ReadFile(program.SaveFile(1)).size(), text.size() / 2);
 
+    std::string other = text;  // the file of another game
+    other.replace(other.find(",93,1,0,"), 5, ",93,2");
+    WriteFile(program.SaveFile(1), other);
+    program.Click("chkNext");
+    ASSERT_THAT(program.outside.dialogs.warnings, SizeIs(3));
+    EXPECT_THAT(program.outside.dialogs.warnings[2].text, HasSubstr("holds game 2 and not the game of its name"));
+
     WriteFile(program.SaveFile(1), text);
     program.Click("chkNext");
     ASSERT_NE(program.Game(), nullptr);
