@@ -149,9 +149,11 @@ void frmGameOver::DropSavedGame() {
 
 bool frmGameOver::MayClose() {
     if (mayClose_ || !game_.setup->scheduled || session_ == nullptr) return true;
+    const std::string then =
+        game_.resumedFrom.empty() ? "it will have to be played again" : "it will go on again from where it was saved";
     return services_.dialogs.Ask(
-               "This game is not in the season yet. Do you want to leave it without saving?\nClick "
-               "Yes and it will have to be played again, otherwise Click No.",
+               "This game is not in the season yet. Do you want to leave it without saving?\nClick Yes and " + then +
+                   ", otherwise Click No.",
                "Game Over") == Reply::Yes;
 }
 

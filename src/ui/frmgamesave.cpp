@@ -15,12 +15,14 @@ bool frmGame::MayClose() {
     if (mayClose_ || session_.Over()) return true;
     services_.sound.Stop();
     services_.sound.Beep();
+    // A result that is being shown stays while he thinks.
+    const int left = pause_.isActive() ? pause_.remainingTime() : -1;
+    pause_.stop();
     const Question question = QuitQuestion(session_.Game());
-    switch (services_.dialogs.Ask(question.text, question.title, true)) {
-        case Reply::Yes: return SaveGame();
-        case Reply::No: GiveUp(); return true;
-        case Reply::Cancel: break;
-    }
+    const Reply reply = services_.dialogs.Ask(question.text, question.title, true);
+    if (reply == Reply::No) GiveUp();
+    if (reply == Reply::No || (reply == Reply::Yes && SaveGame())) return true;
+    if (left >= 0) pause_.start(left);
     return false;
 }
 

@@ -205,15 +205,17 @@ void frmPreSchedGame::Next() {
     if (!selected || book_.Games()[*selected].played) return warn("Please select un-played game");
     const ScheduleEntry& entry = book_.Games()[*selected];
     if (!book_.InTurn(*selected)) return warn("Scheduled games must be played sequentially");
-    if (entry.saved) {
-        Q_EMIT ResumeGame(book_.SaveFile(entry.game.GameID));
-        return;
-    }
-    const PerSide<SideControl> control{{switches_[Side::Visitor].Read(), switches_[Side::Home].Read()}};
+    // A saved game has its managers, and whatever they need, in its file.
+    PerSide<SideControl> control;
+    if (!entry.saved) control = {{switches_[Side::Visitor].Read(), switches_[Side::Home].Read()}};
     try {
         const ManagerFault fault = CheckScheduledGame(session_, entry.game, control);
         if (fault.Any()) {
             services_.dialogs.Warn(fault.text, fault.title);
+            return;
+        }
+        if (entry.saved) {
+            Q_EMIT ResumeGame(book_.SaveFile(entry.game.GameID));
             return;
         }
         QGuiApplication::setOverrideCursor(Qt::WaitCursor);

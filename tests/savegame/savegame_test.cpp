@@ -5,7 +5,9 @@
 #include <set>
 
 #include "base/error.h"
+#include "postingseason.h"
 #include "savedrun.h"
+#include "savegame/savefile.h"
 
 namespace tarvane {
 namespace {
@@ -14,6 +16,8 @@ using ::testing::Contains;
 using ::testing::HasSubstr;
 using testing::SavedRun;
 using ::testing::StartsWith;
+
+namespace fs = std::filesystem;
 
 constexpr const char* kName = "ExhGame.txt";
 
@@ -253,6 +257,51 @@ TEST(SaveGame, MessagesNameLineRecordAndField) {
                 HasSubstr("the file is of version 2 and this program reads up to 1; resume the game with the later"));
     EXPECT_THAT(changed("\"Y\",\"Y\",\"Y\",\"Y\",\"Y\",\"Y\"", "\"Y\",\"Y\",\"Y\",\"Y\",\"Y\""),
                 HasSubstr("line 2 (managers): MgrGame is missing"));
+}
+
+// --- Over the tables of a season -------------------------------------------------------------------------------------
+
+// A game of the schedule, ready for its first pitch.
+SavedGame Scheduled(testing::PlayableSeason& made, const ScheduledGame& game, std::uint64_t seed) {
+    ScheduleSetup teams(*made.common, *made.season);
+    SavedGame saved;
+    static_cast<GameSetup&>(saved.game) = teams.SetUp(game);
+    saved.game.scheduled = game;
+    saved.session.emplace();
+    saved.session->random.Seed(seed);
+    saved.session->arrived = true;
+    for (const Side side : kBothSides) {
+        saved.session->manager[side].random.Seed(seed + 1);
+        saved.state.computer[side] = {true, true, true};
+    }
+    const PerSide<LineupInput>& lineup = saved.game.lineup;
+    EXPECT_EQ(StartGame(saved.game.data, lineup[Side::Visitor], lineup[Side::Home], saved.state), Reject::None);
+    return saved;
+}
+
+TEST(SaveGame, WhatIsNotInTheFileComesFromTheSeasonWhicheverRulesAreInForce) {
+    const auto made = testing::MakeScheduledSeason(1);
+    const TempFolder folder;
+    for (const char* rules : {"FactorActualUsage = 0", "FactorActualUsage = -1, UseYellowXInjuryChart = -1",
+                              "UseYearEffects = 0, PitcherStaminaSecondary = -1, LeagueDH = -1"}) {
+        made->season->Execute(std::string("UPDATE LeagueRules SET ") + rules);
+        const ScheduledGame game = UnplayedGames(*made->season).front();
+        const fs::path file = SaveGameFile(folder.Path(), game.GameID);
+        SavedRun run(Scheduled(*made, game, 9)), unbroken(Scheduled(*made, game, 9));
+        ASSERT_NO_FATAL_FAILURE(unbroken.PlayToTheEnd());
+        for (int step = 0; !run.State().GameOverFlag; ++step, run.Step()) {
+            if (step % 20 != 5) continue;
+            WriteSaveFile(file, run.Save());
+            SavedGame again = ResumeSavedGame(*made->common, *made->season, file);
+            ASSERT_TRUE(again.state == run.State()) << rules << ", step " << step;
+            ASSERT_EQ(HashGameData(again.game.data), HashGameData(run.Data())) << rules;
+            EXPECT_TRUE(again.game.real[Side::Home].Present());
+            SavedRun resumed(std::move(again));
+            ASSERT_NO_FATAL_FAILURE(resumed.PlayToTheEnd());
+            ASSERT_EQ(HashState(resumed.State()), HashState(unbroken.State())) << rules << ", step " << step;
+            ASSERT_EQ(resumed.Documents(), unbroken.Documents()) << rules << ", step " << step;
+        }
+    }
 }
 
 }  // namespace
