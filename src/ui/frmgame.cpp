@@ -3,7 +3,6 @@
 #include <fmt/format.h>
 #include <QMenu>
 
-#include "core/paths.h"
 #include "ui/frmquickplay.h"
 #include "ui/gamequestions.h"
 #include "ui/names.h"
@@ -19,6 +18,7 @@ frmGame::frmGame(GamePtr setup, const GameOptions& options, std::uint64_t seed, 
     : Screen(parent),
       services_(services),
       session_(std::move(setup), options, seed),
+      sounds_(session_, seed),
       ui_(std::make_unique<Ui::frmGame>()) {
     Build();
 }
@@ -28,6 +28,7 @@ frmGame::frmGame(const SavedGame& saved, const std::filesystem::path& file, cons
     : Screen(parent),
       services_(services),
       session_(saved, options, seed),
+      sounds_(session_, seed),
       ui_(std::make_unique<Ui::frmGame>()),
       secondsBefore_(saved.seconds),
       saveFile_(file),
@@ -36,6 +37,7 @@ frmGame::frmGame(const SavedGame& saved, const std::filesystem::path& file, cons
 }
 
 void frmGame::Build() {
+    session_.AddOnlooker(sounds_);
     ui_->setupUi(this);
     SetUpGrids();
     BuildSettingsMenu();
@@ -200,8 +202,9 @@ void frmGame::RunQuickPlay(int throughInning, bool spectator) {
 void frmGame::AfterInput() {
     const GameOptions& options = session_.Options();
     if (options.DiceRollSounds)
-        services_.sound.Play(AssetsPath() / "sounds" /
+        services_.sound.Play(BuiltInSounds() /
                              (session_.LastChart()->secondDiceSound ? "DiceB.wav" : "DiceA.wav"));
+    HearPlays();
     if (options.PlayResultDelay == 0 || options.HideChartDuringGame) {
         GoOn();
         return;
@@ -211,8 +214,14 @@ void frmGame::AfterInput() {
     Refresh();
 }
 
+// The sounds of what has happened follow those that still play.
+void frmGame::HearPlays() {
+    for (const SoundCue& cue : sounds_.TakeCues()) services_.sound.PlayNext(cue.file, cue.seconds);
+}
+
 void frmGame::GoOn() {
     shown_ = Shown::Current;
+    HearPlays();
     Refresh();
     for (const Reminder& reminder : session_.TakeReminders()) services_.dialogs.Remind(reminder.text, reminder.title);
     while (session_.AwaitsHuman())
@@ -232,6 +241,8 @@ void frmGame::GoOn() {
     if (!session_.RollsByItself()) return;
     if (session_.Options().PlayResultDelay > 0 || session_.SpectatorMode) {
         if (session_.Roll()) {
+            services_.sound.Stop();
+            HearPlays();
             shown_ = Shown::Result;
             pause_.start(session_.Options().PlayResultDelay * 1000);
             Refresh();

@@ -8,6 +8,7 @@
 #include "ui/gamesession.h"
 #include "ui/gameview.h"
 #include "ui/playedgame.h"
+#include "ui/playsounds.h"
 #include "ui/screen.h"
 #include "ui/services.h"
 
@@ -86,6 +87,7 @@ class frmGame : public Screen {
     // --- After each input ---
     void AfterInput();
     void GoOn();
+    void HearPlays();
     bool AskManager();
     void ChangeLineup(Side side);
     bool Asks(const Question& question);
@@ -103,6 +105,7 @@ class frmGame : public Screen {
 
     Services services_;
     GameSession session_;
+    PlaySounds sounds_;
     std::unique_ptr<Ui::frmGame> ui_;
     QTimer pause_;
     QElapsedTimer clock_;       // since this sitting began

@@ -98,6 +98,7 @@ void GameSession::OnEvent(const GameData& data, const GameState& state, const Ga
     sheet_.OnEvent(data, state, event);
     if (quiet_) return;
     text_.OnEvent(data, state, event);
+    for (Onlooker* onlooker : onlookers_) onlooker->OnEvent(data, state, event);
     if (event.kind == EventKind::Message && !SpectatorMode) Remember(data, state, event);
 }
 
@@ -122,7 +123,13 @@ void GameSession::Remember(const GameData& data, const GameState& state, const G
 }
 
 bool GameSession::Take(const Input& input) {
-    if (proposed_ || Advance(Data(), state_, input, this) != Reject::None) return false;
+    if (proposed_) return false;
+    if (!quiet_)
+        for (Onlooker* onlooker : onlookers_) onlooker->StepBegins(state_);
+    const bool taken = Advance(Data(), state_, input, this) == Reject::None;
+    if (!quiet_)
+        for (Onlooker* onlooker : onlookers_) onlooker->StepEnds(state_);
+    if (!taken) return false;
     if (state_.sheet == SheetCode::P && state_.awaited.kind == Await::Roll) arrived_ = true;
     return true;
 }

@@ -37,6 +37,14 @@ struct Reminder {
     std::string title, text;
 };
 
+// Somebody who watches a game as it is played on the screen: hears nothing of what is played quickly.
+class Onlooker : public GameListener {
+  public:
+    // Around each input: the state before it and after it.
+    virtual void StepBegins(const GameState&) {}
+    virtual void StepEnds(const GameState&) {}
+};
+
 // One game as a person plays it: the rolls of his clicks, the answers of the computer managers, the chart of the roll
 // before, and the running text. It waits for nobody: each call takes one step and comes back.
 class GameSession : private GameListener {
@@ -45,6 +53,9 @@ class GameSession : private GameListener {
     // A game taken up again. The seed serves only a save that doesn't hold its dice.
     GameSession(SavedGame saved, const GameOptions& options, std::uint64_t seed);
     ~GameSession() override;
+
+    // They outlive the session.
+    void AddOnlooker(Onlooker& onlooker) { onlookers_.push_back(&onlooker); }
 
     // The line-ups take the field; a reason if they may not. A game taken up again goes on where it stood.
     Reject Start();
@@ -123,6 +134,7 @@ class GameSession : private GameListener {
     Random random_;
     Random decoration_;  // dice faces; the game never sees it
     PerSide<std::unique_ptr<ComputerManager>> manager_;
+    std::vector<Onlooker*> onlookers_;
     std::optional<ChartShown> last_;
     PlayByPlay text_;
     ScoreSheet sheet_;

@@ -1,14 +1,11 @@
 #include "ui/qtservices.h"
 
 #include <QApplication>
-#include <QAudioDevice>
 #include <QDesktopServices>
 #include <QFileDialog>
 #include <QInputDialog>
-#include <QMediaDevices>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QSoundEffect>
 #include <QUrl>
 
 #include "ui/frmchoice.h"
@@ -24,28 +21,6 @@ void Box(QMessageBox::Icon icon, const std::string& text, const std::string& tit
     box.setTextFormat(Qt::PlainText);
     box.exec();
 }
-
-class EffectPlayer : public SoundPlayer {
-  public:
-    void Play(const std::filesystem::path& file) override {
-        Stop();
-        if (!std::filesystem::exists(file)) return;
-        effect_.setSource(QUrl::fromLocalFile(QString::fromStdString(file.string())));
-        effect_.play();
-    }
-    void Stop() override { effect_.stop(); }
-    void Beep() override { QApplication::beep(); }
-
-  private:
-    QSoundEffect effect_;
-};
-
-class Silence : public SoundPlayer {
-  public:
-    void Play(const std::filesystem::path&) override {}
-    void Stop() override {}
-    void Beep() override { QApplication::beep(); }
-};
 
 }  // namespace
 
@@ -104,11 +79,6 @@ std::optional<std::filesystem::path> QtDialogs::SaveFile(const std::string& titl
                                      QText(filter), nullptr, QFileDialog::DontConfirmOverwrite);
     if (file.isEmpty()) return std::nullopt;
     return std::filesystem::path(file.toStdString());
-}
-
-std::unique_ptr<SoundPlayer> MakeSoundPlayer() {
-    if (QMediaDevices::audioOutputs().isEmpty()) return std::make_unique<Silence>();
-    return std::make_unique<EffectPlayer>();
 }
 
 void DesktopBrowser::Open(const std::string& address) {

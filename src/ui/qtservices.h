@@ -1,7 +1,5 @@
 #pragma once
 
-#include <memory>
-
 #include "ui/services.h"
 
 namespace tarvane {
@@ -21,9 +19,6 @@ class QtDialogs : public Dialogs {
     std::optional<std::filesystem::path> SaveFile(const std::string& title, const std::filesystem::path& folder,
                                                   const std::string& name, const std::string& filter) override;
 };
-
-// Sound through wave effects where there is a device; silence where there is none.
-std::unique_ptr<SoundPlayer> MakeSoundPlayer();
 
 class DesktopBrowser : public Browser {
   public:

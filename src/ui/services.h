@@ -39,8 +39,10 @@ class Dialogs {
 class SoundPlayer {
   public:
     virtual ~SoundPlayer() = default;
-    // Plays one wave file from its start, stopping the one before it. A missing file is silence.
+    // Plays one file from its start, stopping the one before it and forgetting what waits. A missing file is silence.
     virtual void Play(const std::filesystem::path& file) = 0;
+    // Plays the file when all before it are done, for so many seconds (0: to its end).
+    virtual void PlayNext(const std::filesystem::path& file, int seconds = 0) = 0;
     virtual void Stop() = 0;
     virtual void Beep() = 0;
 };

@@ -1,5 +1,6 @@
 #include "ui/storedseasons.h"
 
+#include "data/settings.h"
 #include "data/teams.h"
 
 namespace tarvane {
@@ -53,7 +54,27 @@ GamePtr StoredSeasons::Exhibition(const ExhibitionGame& game) {
     return prepared;
 }
 
-GameOptions OptionsFrom(const GameSettings& settings) {
+namespace {
+
+SoundOptions SoundsFrom(Session& session) {
+    const GameSettings& settings = session.Settings();
+    SoundOptions sounds;
+    sounds.GameSounds = settings.GameSounds;
+    sounds.UserGamePlaySounds = settings.UserGamePlaySounds;
+    sounds.BetweenInningsSounds = settings.BetweenInningsSounds;
+    sounds.BetweeInnRandom = settings.BetweeInnRandom;
+    sounds.SeventhInnStretchSound = settings.SeventhInnStretchSound;
+    sounds.SoundDuration = settings.SoundDuration;
+    sounds.Sound = settings.Sound;
+    sounds.user = LoadGamePlaySounds(session.Common());
+    sounds.folder = session.Paths().SoundFiles();
+    return sounds;
+}
+
+}  // namespace
+
+GameOptions OptionsFrom(Session& session) {
+    const GameSettings& settings = session.Settings();
     GameOptions options;
     options.computer[Side::Visitor] = {settings.CompRoadMgrLineups, settings.CompRoadMgrSubs, settings.CompRoadMgrGame};
     options.computer[Side::Home] = {settings.CompHomeMgrLineups, settings.CompHomeMgrSubs, settings.CompHomeMgrGame};
@@ -71,6 +92,9 @@ GameOptions OptionsFrom(const GameSettings& settings) {
     options.PlayResultDelay = settings.PlayResultDelay;
     if (!settings.DefaultChartType.empty()) options.DefaultChartType = settings.DefaultChartType.front();
     options.QuickPlayMode = settings.QuickPlayMode;
+    options.sounds = SoundsFrom(session);
+    options.animation = {settings.GameAnimation, settings.BaseRunnerAnimation, settings.GameAnimationLite,
+                         settings.GameAniSpeed2};
     return options;
 }
 

@@ -25,7 +25,7 @@ class StoredSeasons : public SeasonAccess {
     Session& session_;
 };
 
-// What the game screen takes from the preferences.
-GameOptions OptionsFrom(const GameSettings& settings);
+// What the game screen takes from the preferences and the user's sounds.
+GameOptions OptionsFrom(Session& session);
 
 }  // namespace tarvane

@@ -119,9 +119,13 @@ class ScriptedDialogs : public Dialogs {
 class NoSound : public SoundPlayer {
   public:
     void Play(const std::filesystem::path& file) override { played.push_back(file.filename().string()); }
-    void Stop() override {}
+    void PlayNext(const std::filesystem::path& file, int seconds) override {
+        played.push_back(file.filename().string());
+        lastSeconds = seconds;
+    }
+    void Stop() override { ++stops; }
     void Beep() override { ++beeps; }
-    int beeps = 0;
+    int beeps = 0, stops = 0, lastSeconds = 0;
     std::vector<std::string> played;
 };
 

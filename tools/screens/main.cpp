@@ -222,9 +222,9 @@ void TakeAll(Camera& camera, SeasonAccess& seasons) {
 // The screens around a scheduled game, of the season as it stands; nothing is written.
 void TakeScheduled(Camera& camera, Session& session) {
     demo::Outside outside;
-    frmPreSchedGame setup(session, outside.Get(), OptionsFrom(session.Settings()));
+    frmPreSchedGame setup(session, outside.Get(), OptionsFrom(session));
     camera.Take(setup, QStringLiteral("frmPreSchedGame"));
-    frmPreSchedGame running(session, outside.Get(), OptionsFrom(session.Settings()));
+    frmPreSchedGame running(session, outside.Get(), OptionsFrom(session));
     frmProgress2& progress = *running.findChild<frmProgress2*>(QStringLiteral("fraProgress2"));
     QuickPlayProgress part{412, 1044, "1975-07-19", {{1, 2}}, 0.9};
     progress.Show(part, "July 19:  a game of that day", false);
@@ -240,7 +240,7 @@ void TakeScheduled(Camera& camera, Session& session) {
     QObject::connect(&setup, &frmPreSchedGame::GameReady, [&](const GamePtr& ready) { game = ready; });
     Press(setup, "chkNext", 1);
     if (!game) return;
-    GameSession played(game, OptionsFrom(session.Settings()), 1975);
+    GameSession played(game, OptionsFrom(session), 1975);
     played.Start();
     frmQuickPlay quick(QuickPlayChoices(played.State()), outside.Get());
     quick.findChild<QComboBox*>()->setCurrentIndex(0);

@@ -11,6 +11,7 @@
 #include "ui/frmmain.h"
 #include "ui/frmsplash.h"
 #include "ui/qtservices.h"
+#include "ui/soundplayer.h"
 #include "ui/storedseasons.h"
 #include "ui/theme.h"
 
@@ -68,7 +69,7 @@ void SavePlace(const frmMain& menu, Session& session) {
 
 int Run(Session& session, Services services) {
     StoredSeasons seasons(session);
-    frmMain menu(seasons, services, OptionsFrom(session.Settings()));
+    frmMain menu(seasons, services, OptionsFrom(session));
     menu.SetPicture(QString::fromStdString(MainMenuImageFile(session.Paths(), session.Settings()).string()));
     RestorePlace(menu, session.Screens().place["Main"]);
     frmSplash splash;
