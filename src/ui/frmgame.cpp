@@ -33,6 +33,7 @@ frmGame::frmGame(const SavedGame& saved, const std::filesystem::path& file, cons
       secondsBefore_(saved.seconds),
       saveFile_(file),
       resumedFrom_(file) {
+    sounds_.SetSongsPlayed(saved.MusicClipPlayed);
     Build();
 }
 

@@ -33,6 +33,7 @@ bool frmGame::SaveGame() {
     }
     try {
         SavedGame game = session_.Saved();
+        game.MusicClipPlayed = sounds_.SongsPlayed();
         game.seconds = secondsBefore_ + static_cast<double>(clock_.elapsed()) / 1000;
         WriteSaveFile(saveFile_, game);
     } catch (const UserError& failure) {  // the game is still on the screen: he can make room and try again

@@ -31,6 +31,11 @@ class PlaySounds : public Onlooker {
     // What has been asked for since the last call, in its order.
     std::vector<SoundCue> TakeCues();
 
+    // The songs between innings that this game has had; a game taken up again goes on with them.
+    using Songs = std::array<bool, kMusicClips>;
+    const Songs& SongsPlayed() const { return MusicClipPlayed; }
+    void SetSongsPlayed(const Songs& played) { MusicClipPlayed = played; }
+
   private:
     void UserPlay(const GameState& state, const GameEvent& event);
     void BuiltInPlay(const GameState& state, const GameEvent& event);
@@ -52,7 +57,7 @@ class PlaySounds : public Onlooker {
     const GameSession& session_;
     Random random_;
     std::vector<SoundCue> cues_;
-    std::array<bool, 25> MusicClipPlayed{};
+    Songs MusicClipPlayed{};
     bool crowdHeard_ = false;  // on the play that is being told
 };
 

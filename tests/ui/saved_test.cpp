@@ -11,6 +11,8 @@
 #include <QTableWidget>
 #include <QTest>
 
+#include <algorithm>
+
 #include "base/file.h"
 #include "engine/replaylog.h"
 #include "savegame/savefile.h"
@@ -113,9 +115,9 @@ struct Program {
     std::unique_ptr<Session> session = folder.Start();
     StoredSeasons seasons{*session};
     demo::Outside outside;
-    frmMain menu{seasons, outside.Get(), {}};
+    frmMain menu;
 
-    Program() {
+    explicit Program(const GameOptions& options = {}) : menu(seasons, outside.Get(), options) {
         menu.SetSeed(7);
         menu.show();
     }
@@ -315,6 +317,30 @@ TEST(SavedScreens, TheOneSavedExhibitionIsOfferedAndGoesWithTheGame) {
     EXPECT_EQ(program.menu.Open(), nullptr);
     EXPECT_FALSE(fs::exists(program.SaveFile(kExhibitionGameID)));
     EXPECT_THAT(program.outside.dialogs.warnings, IsEmpty());
+}
+
+TEST(SavedScreens, SongsBetweenInningsAreNotPlayedASecondTimeAfterASave) {
+    GameOptions options;
+    options.sounds.BetweenInningsSounds = true;
+    for (std::string& song : options.sounds.Sound) song = "Song.wav";
+    Program program(options);
+    program.BeginGame();
+    const auto songs = [&] {
+        const SavedGame saved =
+            ResumeSavedGame(program.session->Common(), program.session->Seasons().Season(), program.SaveFile(1));
+        return std::count(saved.MusicClipPlayed.begin(), saved.MusicClipPlayed.end(), true);
+    };
+    program.Play(60);
+    program.SaveAndLeave();
+    const auto first = songs();
+    EXPECT_GT(first, 0);
+    program.Resume();
+    program.SaveAndLeave();
+    EXPECT_EQ(songs(), first);
+    program.Resume();
+    program.Play(110);
+    program.SaveAndLeave();
+    EXPECT_GT(songs(), first);
 }
 
 TEST(SavedScreens, AGameThatCantBeWrittenStaysOnTheScreen) {
