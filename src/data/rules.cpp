@@ -91,4 +91,59 @@ LeagueRules LoadLeagueRules(Database& season) {
     return rules;
 }
 
+namespace {
+
+void WriteRules(Recordset& rs, const LeagueRules& rules) {
+    const std::pair<const char*, bool> flags[]{{"LeagueDH", rules.LeagueDH},
+                                               {"HometeamDH", rules.HometeamDH},
+                                               {"UseParkEffects", rules.UseParkEffects},
+                                               {"UseYearEffects", rules.UseYearEffects},
+                                               {"UseYellowXInjuryChart", rules.UseYellowXInjuryChart},
+                                               {"CatcherORating", rules.CatcherORating},
+                                               {"PitcherStamina", rules.PitcherStamina},
+                                               {"PitcherStaminaSecondary", rules.PitcherStaminaSecondary},
+                                               {"BatterBBSORating", rules.BatterBBSORating},
+                                               {"UseErrorRatings", rules.UseErrorRatings},
+                                               {"DoNotCauseErrorsFromOuts", rules.DoNotCauseErrorsFromOuts},
+                                               {"AutoOutsForOF", rules.AutoOutsForOF},
+                                               {"SpecialErrorRule", rules.SpecialErrorRule},
+                                               {"FactorActualUsage", rules.FactorActualUsage},
+                                               {"IgnoreSchedLineups", rules.IgnoreSchedLineups}};
+    for (const auto& [column, on] : flags) rs.SetBool(column, on);
+    const std::pair<const char*, std::int32_t> figures[]{
+        {"DefChartEraID", rules.DefChartEraID}, {"RelieverMaxIPOuts", rules.RelieverMaxIPOuts},
+        {"OFOutOfPos", rules.OFOutOfPos},       {"CFOutOfPos", rules.CFOutOfPos},
+        {"IFOutOfPos", rules.IFOutOfPos},       {"FirstBaseOutOfPos", rules.FirstBaseOutOfPos},
+        {"COutOfPos", rules.COutOfPos}};
+    for (const auto& [column, figure] : figures) rs.Set(column, figure);
+    const std::pair<const char*, char> letters[]{{"OFOutOfPosErrorRating", rules.OFOutOfPosErrorRating},
+                                                 {"CFOutOfPosErrorRating", rules.CFOutOfPosErrorRating},
+                                                 {"IFOutOfPosErrorRating", rules.IFOutOfPosErrorRating},
+                                                 {"FirstBaseOutOfPosErrorRating", rules.FirstBaseOutOfPosErrorRating},
+                                                 {"COutOfPosErrorRating", rules.COutOfPosErrorRating}};
+    for (const auto& [column, letter] : letters) rs.Set(column, std::string(1, letter));
+}
+
+}  // namespace
+
+void SaveLeagueRules(Database& season, const LeagueRules& rules) {
+    Recordset rs = season.OpenRecordset("LeagueRules");
+    if (rs.EndOfFile())
+        throw DatabaseError(DatabaseError::kNoCurrentRecord,
+                            fmt::format("{}: the table LeagueRules holds no row.", season.Path().string()));
+    rs.Edit();
+    WriteRules(rs, rules);
+    rs.Update();
+    Recordset rest = season.OpenRecordset("PitcherRestSettings", {}, {}, "pitcherType, RestID");
+    for (const PitcherRestRow& row : rules.rest) {
+        if (rest.EndOfFile()) break;
+        rest.Edit();
+        rest.Set("IPOutsFrom", row.IPOutsFrom);
+        rest.Set("IPOutsTo", row.IPOutsTo);
+        rest.Set("RestDays", row.RestDays);
+        rest.Update();
+        rest.MoveNext();
+    }
+}
+
 }  // namespace tarvane

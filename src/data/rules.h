@@ -14,6 +14,9 @@ void LoadLeagueRules(Database& season, int columnsBefore, LeagueRules& rules);
 // The rules of a season whose tables are up to date.
 LeagueRules LoadLeagueRules(Database& season);
 
+// Writes the rules that a user sets, and the ten rows of rest, into their rows. The caller's transaction.
+void SaveLeagueRules(Database& season, const LeagueRules& rules);
+
 // Counts the running number of the documents up, once for a game.
 inline constexpr const char* kCountResultsFile =
     "UPDATE LeagueRules SET NextResultsFile = coalesce(NextResultsFile, 1) + 1";

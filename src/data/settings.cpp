@@ -205,6 +205,19 @@ GamePlaySounds LoadGamePlaySounds(Database& common) {
     return sounds;
 }
 
+void SaveGamePlaySounds(Database& common, const GamePlaySounds& sounds) {
+    Recordset rs = common.OpenRecordset("GamePlaySounds");
+    if (rs.EndOfFile())
+        rs.AddNew();
+    else
+        rs.Edit();
+    for (const std::string& column : common.ColumnNames("GamePlaySounds")) {
+        const auto sound = sounds.find(column);
+        rs.Set(column, sound == sounds.end() ? std::string() : sound->second);
+    }
+    rs.Update();
+}
+
 std::filesystem::path SoundFile(const DataPaths& paths, const std::string& name) {
     return Trim(name).empty() ? std::filesystem::path() : paths.SoundFiles() / name;
 }

@@ -19,6 +19,9 @@ void SaveScreenSettings(Database& common, const ScreenSettings& settings);
 // No row leaves all names empty.
 GamePlaySounds LoadGamePlaySounds(Database& common);
 
+// Makes the row if there is none.
+void SaveGamePlaySounds(Database& common, const GamePlaySounds& sounds);
+
 // The file of a sound of the settings; empty for an empty name.
 std::filesystem::path SoundFile(const DataPaths& paths, const std::string& name);
 // The picture of the main menu: the one chosen if it is there, else the one that comes with the program.

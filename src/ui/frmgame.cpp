@@ -100,8 +100,7 @@ void frmGame::ConnectControls() {
         const GameState& state = session_.State();
         ChangeLineup(opponentShown_ ? state.FieldingSide() : state.BattingSide);
     });
-    click(ui_->chkSettings,
-          [this] { settings_->popup(ui_->chkSettings->mapToGlobal(QPoint(0, -settings_->sizeHint().height()))); });
+    click(ui_->chkSettings, [this] { OpenSettings(); });
     click(ui_->chkOpp, [this] {
         opponentShown_ = !opponentShown_;
         ShowLineup();

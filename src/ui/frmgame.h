@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <memory>
 
+#include "data/session.h"
 #include "ui/gamesession.h"
 #include "ui/gameview.h"
 #include "ui/playedgame.h"
@@ -46,11 +47,16 @@ class frmGame : public Screen {
     // The game as it stands.
     PlayedGame Played() const;
 
+    // The preferences that the game's settings command edits, and the look that they ask for.
+    void UseSettings(tarvane::Session& session);
+
   Q_SIGNALS:
     // The user is done with a game that is over.
     void Finished();
     // The game lies in its file.
     void Saved();
+    // The preferences were saved from this game's command.
+    void PreferencesChanged();
 
   protected:
     bool MayClose() override;
@@ -82,6 +88,9 @@ class frmGame : public Screen {
     void QuickPlay();
     void RunQuickPlay(int throughInning, bool spectator);
     void ShowBoxScore();
+    void OpenSettings();
+    void WearLook();
+    void ColorScoreBoard();
     void EndGame();
 
     // --- After each input ---
@@ -112,6 +121,7 @@ class frmGame : public Screen {
     double secondsBefore_ = 0;  // in earlier sittings
     std::filesystem::path saveFile_, resumedFrom_;
     QMenu* settings_ = nullptr;
+    tarvane::Session* store_ = nullptr;  // of the preferences; none in a game without a data folder
     Shown shown_ = Shown::Current;
     bool opponentShown_ = false, walkOffTold_ = false, mayClose_ = false, begun_ = false, focusOnPlay_ = true,
          lineupsOpen_ = false;

@@ -215,6 +215,7 @@ void frmGame::ShowScoreBoard() {
             grid->item(0, static_cast<int>(i) + 11)->setForeground(QColor(0xB9, 0xCB, 0xBD));
         }
     }
+    ColorScoreBoard();
     ui_->lblOuts->setText(QText(board.outs));
     ui_->lblInning->setText(QText(board.innings));
     ui_->lblAutoOuts->setText(QText(board.autoOuts));

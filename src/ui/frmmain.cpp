@@ -9,6 +9,7 @@
 #include <random>
 
 #include "base/error.h"
+#include "data/settings.h"
 #include "savegame/savefile.h"
 #include "ui/frmcomputermgr.h"
 #include "ui/frmgame.h"
@@ -19,8 +20,13 @@
 #include "ui/frmpreexgame.h"
 #include "ui/frmpreschedgame.h"
 #include "ui/frmseasons.h"
+#include "ui/frmsettingsgame.h"
+#include "ui/frmsettingsleague.h"
+#include "ui/frmsettingssound.h"
 #include "ui/frmstandings.h"
 #include "ui/frmteamvsteam.h"
+#include "ui/qtext.h"
+#include "ui/storedseasons.h"
 #include "ui/theme.h"
 #include "ui_frmmain.h"
 
@@ -60,6 +66,7 @@ frmMain::frmMain(SeasonAccess& seasons, Services services, const GameOptions& op
                                  "About Tarvane PC Baseball");
     });
     BuildCommandGrids();
+    if (seasons_.Store() != nullptr) WearPreferences();
     ui_->grdGamePlay->setFocus();
 }
 
@@ -108,6 +115,9 @@ void frmMain::OpenScreen(MenuScreen screen) {
         case MenuScreen::Team: OpenStored<frmComputerMgr>(); break;
         case MenuScreen::PreSchedGame: OpenScheduled(); break;
         case MenuScreen::LahmanImport: OpenImport(); break;
+        case MenuScreen::SettingsGame: OpenSettings<frmSettingsGame>(); break;
+        case MenuScreen::SettingsSound: OpenSettings<frmSettingsSound>(); break;
+        case MenuScreen::SettingsLeague: OpenSettings<frmSettingsLeague>(); break;
         default: Say(tr("This screen is not built yet.")); break;
     }
 }
@@ -118,6 +128,31 @@ void frmMain::OpenStored() {
         Say(tr("There is no season on the disk to work with."));
     else
         ShowStored(new StoredScreen(*seasons_.Store(), services_));
+}
+
+template <class SettingsOf>
+void frmMain::OpenSettings() {
+    if (seasons_.Store() == nullptr) {
+        Say(tr("There are no settings on the disk to work with."));
+        return;
+    }
+    auto* screen = new SettingsOf(*seasons_.Store(), services_);
+    connect(screen, &SettingsScreen::Saved, this, &frmMain::TakePreferences);
+    Show(screen);
+}
+
+void frmMain::TakePreferences() {
+    Session& session = *seasons_.Store();
+    options_ = OptionsFrom(session);
+    WearPreferences();
+}
+
+void frmMain::WearPreferences() {
+    Session& session = *seasons_.Store();
+    SetPicture(QText(MainMenuImageFile(session.Paths(), session.Settings()).string()));
+    const auto colors = LookFrom(session.Settings()).mainGrids;
+    for (MenuGrid* grid : {ui_->grdGamePlay, ui_->grdReports, ui_->grdSettings, ui_->grdLeagues, ui_->grdCharts})
+        grid->SetColors(colors);
 }
 
 void frmMain::ShowStored(Screen* screen) {
@@ -211,6 +246,8 @@ void frmMain::ShowGame(frmGame* game) {
     connect(game, &frmGame::Finished, this, [this, game] { EndOf(game->Played()); });
     connect(game, &frmGame::Saved, this,
             [this] { Say(tr("The game is saved. It goes on from where it was set up.")); });
+    if (seasons_.Store() != nullptr) game->UseSettings(*seasons_.Store());
+    connect(game, &frmGame::PreferencesChanged, this, &frmMain::TakePreferences);
     Show(game);
 }
 

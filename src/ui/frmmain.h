@@ -58,6 +58,11 @@ class frmMain : public QMainWindow {
     // A screen over what the open season's database holds.
     template <class StoredScreen>
     void OpenStored();
+    template <class SettingsOf>
+    void OpenSettings();
+    // The preferences as they were saved now, in the games to come and in the look of the menu.
+    void TakePreferences();
+    void WearPreferences();
     void OpenExhibition();
     void OpenScheduled();
     void OpenImport();

@@ -60,17 +60,23 @@ void MenuGrid::Choose(int column) {
     if (column >= 0 && column < columnCount() && enabled_[static_cast<std::size_t>(column)]) Q_EMIT Chosen(column);
 }
 
+void MenuGrid::SetColors(const std::optional<UserColors>& colors) {
+    colors_ = colors;
+    Paint();
+}
+
 void MenuGrid::Paint() {
     for (int column = 0; column < columnCount(); ++column) {
         QTableWidgetItem* cell = item(0, column);
         const bool lit = column == hovered_ || (hasFocus() && column == currentColumn());
-        QColor ground = theme::kCream;
-        QColor text = theme::kInk;
+        QColor ground = colors_ ? colors_->back : theme::kCream;
+        QColor text = colors_ ? colors_->fore : theme::kInk;
         if (!enabled_[static_cast<std::size_t>(column)]) {
             ground = QColor(0xE0, 0xE0, 0xE0);
             text = QColor(0x6A, 0x6A, 0x6A);
         } else if (lit) {
             ground = theme::kGold;
+            text = theme::kInk;
         }
         cell->setBackground(ground);
         cell->setForeground(text);

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "ui/mainmenu.h"
+#include "ui/userlook.h"
 
 namespace tarvane {
 
@@ -15,6 +16,8 @@ class MenuGrid : public QTableWidget {
   public:
     explicit MenuGrid(QWidget* parent = nullptr);
 
+    // The user's colours in place of cream and ink.
+    void SetColors(const std::optional<UserColors>& colors);
     void SetCommands(const std::vector<MenuCommand>& commands);
 
   Q_SIGNALS:
@@ -32,6 +35,7 @@ class MenuGrid : public QTableWidget {
     void Paint();
 
     int hovered_ = -1;
+    std::optional<UserColors> colors_;
     std::vector<bool> enabled_;
 };
 

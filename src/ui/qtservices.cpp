@@ -1,6 +1,7 @@
 #include "ui/qtservices.h"
 
 #include <QApplication>
+#include <QColorDialog>
 #include <QDesktopServices>
 #include <QFileDialog>
 #include <QInputDialog>
@@ -11,6 +12,7 @@
 #include "ui/frmchoice.h"
 #include "ui/frmdocument.h"
 #include "ui/qtext.h"
+#include "ui/userlook.h"
 
 namespace tarvane {
 
@@ -62,6 +64,13 @@ int QtDialogs::Pick(const std::string& text, const std::string& title, const std
 
 void QtDialogs::ShowDocument(const std::string& text, const std::string& title) {
     frmDocument(text, title, QApplication::activeWindow()).exec();
+}
+
+std::optional<std::uint32_t> QtDialogs::PickColor(std::uint32_t color) {
+    const QColor chosen =
+        QColorDialog::getColor(ColorOf(static_cast<std::int32_t>(color)), QApplication::activeWindow());
+    if (!chosen.isValid()) return std::nullopt;
+    return static_cast<std::uint32_t>(StoredColor(chosen));
 }
 
 std::optional<std::filesystem::path> QtDialogs::OpenFile(const std::string& title, const std::filesystem::path& folder,

@@ -14,6 +14,7 @@ class QtDialogs : public Dialogs {
                const std::string& second) override;
     int Pick(const std::string& text, const std::string& title, const std::vector<std::string>& choices) override;
     void ShowDocument(const std::string& text, const std::string& title) override;
+    std::optional<std::uint32_t> PickColor(std::uint32_t color) override;
     std::optional<std::filesystem::path> OpenFile(const std::string& title, const std::filesystem::path& folder,
                                                   const std::string& filter) override;
     std::optional<std::filesystem::path> SaveFile(const std::string& title, const std::filesystem::path& folder,

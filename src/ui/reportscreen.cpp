@@ -11,6 +11,7 @@
 #include "ui/qtext.h"
 #include "ui/readinggrid.h"
 #include "ui/theme.h"
+#include "ui/userlook.h"
 
 namespace tarvane {
 
@@ -131,6 +132,7 @@ void ReportScreen::ShowTables(const std::vector<ReportTable>& tables, int abreas
         delete item->widget();
         delete item;
     }
+    const UserLook look = LookFrom(session_.Settings());
     int place = 0;
     for (const ReportTable& table : tables) {
         auto* heading = new QLabel(QText(table.title), page_);
@@ -140,6 +142,8 @@ void ReportScreen::ShowTables(const std::vector<ReportTable>& tables, int abreas
         QTableWidget* shown = MakeReadingGrid(ReadingText(table, shape), page_);
         shown->setObjectName(grid + QString::number(place));
         shown->setAccessibleName(heading->text());
+        shown->setProperty("fontScale", look.reportsScale);
+        WearColors(*shown, look.reports);
         const int row = 2 * (place / abreast), column = place % abreast;
         tables_->addWidget(heading, row, column);
         tables_->addWidget(shown, row + 1, column, Qt::AlignTop);
@@ -157,7 +161,7 @@ void ReportScreen::ShowTables(const std::vector<ReportTable>& tables, int abreas
 void ReportScreen::FitTables() {
     const double pixels = TextPixels(width(), height());
     ScaleFonts(*this, pixels);
-    for (QTableWidget* grid : grids_) FitReadingGrid(*grid, pixels);
+    for (QTableWidget* grid : grids_) FitReadingGrid(*grid, pixels * grid->property("fontScale").toDouble());
 }
 
 void ReportScreen::resizeEvent(QResizeEvent* event) {

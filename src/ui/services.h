@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -28,6 +29,8 @@ class Dialogs {
     virtual int Pick(const std::string& text, const std::string& title, const std::vector<std::string>& choices) = 0;
     // A document in a fixed-width font, such as a box score.
     virtual void ShowDocument(const std::string& text, const std::string& title) = 0;
+    // A colour, red in the low byte; nothing when the user cancels.
+    virtual std::optional<std::uint32_t> PickColor(std::uint32_t color) = 0;
     // Nothing when the user cancels. The filter reads "Words (*.ext)".
     virtual std::optional<std::filesystem::path> OpenFile(const std::string& title, const std::filesystem::path& folder,
                                                           const std::string& filter) = 0;

@@ -104,6 +104,7 @@ class ScriptedDialogs : public Dialogs {
     void ShowDocument(const std::string& text, const std::string& title) override {
         documents.push_back({text, title});
     }
+    std::optional<std::uint32_t> PickColor(std::uint32_t) override { return color; }
     std::optional<std::filesystem::path> OpenFile(const std::string&, const std::filesystem::path&,
                                                   const std::string&) override {
         return file;
@@ -112,6 +113,7 @@ class ScriptedDialogs : public Dialogs {
                                                   const std::string&) override {
         return file;
     }
+    std::optional<std::uint32_t> color;           // the colour that the user picks
     std::optional<std::filesystem::path> file;  // what the user picks
     std::vector<std::string> picks;
 };

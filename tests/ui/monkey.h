@@ -24,6 +24,7 @@ class RandomDialogs : public Dialogs {
     int Choose(const std::string& text, const std::string& title, const std::string&, const std::string&) override;
     int Pick(const std::string& text, const std::string& title, const std::vector<std::string>& choices) override;
     void ShowDocument(const std::string&, const std::string& title) override { Note("shown", title, {}); }
+    std::optional<std::uint32_t> PickColor(std::uint32_t) override { return random_.Below(0x1000000); }
     std::optional<std::filesystem::path> OpenFile(const std::string& title, const std::filesystem::path&,
                                                   const std::string&) override {
         return AnyFile(title);

@@ -13,6 +13,7 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QStackedWidget>
+#include <QTabBar>
 #include <clocale>
 #include <functional>
 
@@ -39,6 +40,9 @@
 #include "ui/frmschedulelineup.h"
 #include "ui/frmscheduler.h"
 #include "ui/frmseasons.h"
+#include "ui/frmsettingsgame.h"
+#include "ui/frmsettingsleague.h"
+#include "ui/frmsettingssound.h"
 #include "ui/frmsplash.h"
 #include "ui/frmstandings.h"
 #include "ui/frmteamvsteam.h"
@@ -192,6 +196,15 @@ void TakeStored(Camera& camera, Session& session, demo::Outside& outside) {
     camera.Take(batting, QStringLiteral("frmLeadersBatting"));
     frmLeadersPitching pitching(session, outside.Get());
     camera.Take(pitching, QStringLiteral("frmLeadersPitching"));
+    frmSettingsLeague rules(session, outside.Get());
+    camera.Take(rules, QStringLiteral("frmSettingsLeague"));
+    for (int tab = 0; tab < 3; ++tab) {
+        frmSettingsGame preferences(session, outside.Get());
+        preferences.findChild<QTabBar*>(QStringLiteral("tabs"))->setCurrentIndex(tab);
+        camera.Take(preferences, QStringLiteral("frmSettingsGame-%1").arg(tab + 1));
+    }
+    frmSettingsSound sounds(session, outside.Get());
+    camera.Take(sounds, QStringLiteral("frmSettingsSound"));
     frmComputerMgr manager(session, outside.Get());
     camera.Take(manager, QStringLiteral("frmComputerMgr"));
 }
