@@ -40,7 +40,7 @@ const std::vector<ShareOf<BatterFigures>>& BatterShares() {
          }},
         {"SO",
          [](const BatterFigures& m) {
-             return Share{m.total.SO, m.total.PA()};
+             return Share{m.total.SO, m.SORecorded ? m.total.PA() : 0};
          }},
         {"2B",
          [](const BatterFigures& m) {
@@ -92,6 +92,7 @@ SpreadComparison CompareShare(const SeasonFigures& real, const std::vector<Seaso
     for (const auto& [key, man] : real.*table) {
         if (!Regular(man)) continue;
         const Share was = share.of(man);
+        if (was.trials <= 0) continue;  // not recorded
         Share all;
         double counted = 0;
         for (const SeasonFigures& replay : replays) {

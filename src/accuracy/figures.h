@@ -38,6 +38,7 @@ struct BatterFigures {
     std::string name;
     std::int32_t bats = 0;  // kLeftHand, kRightHand, kSwitchHitter; 0: unknown
     BattingFigures total, vsLeft, vsRight;
+    bool SORecorded = true;  // some leagues didn't count their batters' strikeouts
 };
 
 struct PitcherFigures {

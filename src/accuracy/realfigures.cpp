@@ -76,6 +76,7 @@ class RealReader {
         const BattingFigures f = TotalOf(r);
         BatterFigures& man = figures_.batters[{r.playerID, r.KorvTeamID}];
         Add(man.total, f);
+        man.SORecorded = man.SORecorded && r.SO.has_value();
         Add(man.vsLeft, SplitOf(r.vsLeft));
         Add(man.vsRight, SplitOf(r.vsRight));
         figures_.teams[place->team].RF += r.R;

@@ -2,8 +2,6 @@
 
 #include <fmt/core.h>
 
-#include <algorithm>
-#include <map>
 
 #include "base/error.h"
 #include "core/paths.h"
@@ -45,15 +43,6 @@ ImportSettings SettingsOf(const ImportRequest& request, const std::vector<Lahman
     notes = MakeCodesUnique(settings.teams);
     if (const auto fault = CheckSelection(settings.teams)) throw UserError(fault->message);
     return settings;
-}
-
-// The year most teams are of, the earliest of several.
-int MainYear(const std::vector<LahmanTeam>& teams) {
-    std::map<int, int> counts;
-    for (const LahmanTeam& team : teams) ++counts[team.yearID];
-    return std::max_element(counts.begin(), counts.end(),
-                            [](const auto& a, const auto& b) { return a.second < b.second; })
-        ->first;
 }
 
 std::array<std::optional<std::int32_t>, 3> ErasOf(const ImportRequest& request, const std::vector<LahmanTeam>& teams,

@@ -11,6 +11,7 @@
 #include "data/lineups.h"
 #include "data/teams.h"
 #include "import/dhrule.h"
+#include "import/penrules.h"
 #include "import/roster.h"
 #include "import/teamcolors.h"
 #include "records/player.h"
@@ -244,6 +245,7 @@ ImportCounts FillSeason(Database& season, const ImportSettings& settings, const 
     }
     CreateTeamVsTeam(season);
     WriteDHRule(season, settings.teams);
+    WritePenRules(season, settings.teams);
     transaction.Commit();
     const std::vector<std::string> notes = Notes(importer);
     counts.notes.insert(counts.notes.end(), notes.begin(), notes.end());

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
+#include <map>
 
 #include "base/error.h"
 #include "base/text.h"
@@ -28,6 +30,20 @@ std::string FreeCode(const std::vector<LahmanTeam>& teams, const LahmanTeam& tea
 }
 
 }  // namespace
+
+int MainYear(const std::vector<LahmanTeam>& teams) {
+    std::map<int, int> counts;
+    double mean = 0;
+    for (const LahmanTeam& team : teams) {
+        ++counts[team.yearID];
+        mean += static_cast<double>(team.yearID) / static_cast<double>(teams.size());
+    }
+    const auto less = [mean](const auto& a, const auto& b) {
+        if (a.second != b.second) return a.second < b.second;
+        return std::abs(a.first - mean) > std::abs(b.first - mean);
+    };
+    return std::max_element(counts.begin(), counts.end(), less)->first;
+}
 
 std::vector<LahmanTeam> ListTeams(const std::vector<TeamLine>& teams) {
     std::vector<LahmanTeam> list;

@@ -31,6 +31,9 @@ struct TeamChoice {
     std::string teamID;  // empty: all of the year
 };
 
+// The year most teams are of; of several the one nearest to the mean of all teams' years. teams isn't empty.
+int MainYear(const std::vector<LahmanTeam>& teams);
+
 std::vector<LahmanTeam> ListTeams(const std::vector<TeamLine>& teams);
 
 // "1927 New York Yankees (NYA - AL)     Wins: 110   Losses: 44"

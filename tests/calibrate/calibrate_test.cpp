@@ -6,6 +6,7 @@
 #include <fstream>
 #include <iterator>
 
+#include "parktable.h"
 #include "yearfit.h"
 
 namespace tarvane::calibrate {
@@ -14,12 +15,6 @@ namespace {
 namespace fs = std::filesystem;
 
 const fs::path kTools = AssetsPath().parent_path() / "tools" / "calibrate";
-
-std::string ReadAll(const fs::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    EXPECT_TRUE(file) << path;
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
 
 struct Scratch {
     fs::path path = fs::temp_directory_path() / ("tarvane-test-calibrate-" + std::to_string(getpid()));
@@ -34,7 +29,7 @@ TEST(YearChart, GivesWhatItWasAskedForInEveryKindOfEra) {
         for (const ChartWishes& wish : {ChartWishes{0.15, -0.1, 0.15, 0}, ChartWishes{-0.05, 0.2, -0.1, 0.05},
                                         ChartWishes{0.25, -0.2, 0.3, 0.1}}) {
             SCOPED_TRACE(era);
-            const ChartCells chart = LayYearChart(wish, rates, kUsualOpenness);
+            const ChartCells chart = LayChart(ChartKind::Year, wish, rates, kUsualOpenness);
             const ChartWishes got = EffectOf(chart, rates, kUsualOpenness);
             EXPECT_NEAR(got.Doubles, wish.Doubles, 0.01);
             EXPECT_NEAR(got.Triples, wish.Triples, 0.03);
@@ -43,9 +38,33 @@ TEST(YearChart, GivesWhatItWasAskedForInEveryKindOfEra) {
             for (std::size_t cell = 0; cell < chart.size(); ++cell) {
                 EXPECT_TRUE(kUsualOpenness[cell] > 0 || chart[cell].text == " ") << cell;
             }
-            EXPECT_EQ(chart, LayYearChart(wish, rates, kUsualOpenness));
+            EXPECT_EQ(chart, LayChart(ChartKind::Year, wish, rates, kUsualOpenness));
         }
     }
+}
+
+// Parks of every kind and year, by what they were found to need; an average park stays empty.
+TEST(ParkChart, GivesTheFactorsOfItsPark) {
+    const FactTable parks(kTools / "ParkFacts.csv"), eras(kTools / "EraFacts.csv");
+    int tried = 0;
+    for (auto park = parks.rows.begin(); park != parks.rows.end(); std::advance(park, 1)) {
+        const std::int32_t id = park->first;
+        const auto year = static_cast<std::int32_t>(parks.Number(id, "yearID"));
+        if (id % 50 != 7 || !eras.rows.contains(year * 10)) continue;
+        SCOPED_TRACE(id);
+        ++tried;
+        const SheetRates rates = SheetRatesOf(eras, year * 10);
+        const ChartWishes wish = ParkWishes(parks, id);
+        const ChartWishes got = EffectOf(LayChart(ChartKind::Park, wish, rates, kUsualOpenness), rates, kUsualOpenness);
+        EXPECT_NEAR(got.Singles, wish.Singles, 0.01);
+        EXPECT_NEAR(got.Doubles, wish.Doubles, 0.015);
+        EXPECT_NEAR(got.HR, wish.HR, 0.02);
+        EXPECT_NEAR(got.Triples, wish.Triples, 0.05);
+        EXPECT_EQ(wish.HR > 0, parks.Number(id, "HRRate") > 1);
+    }
+    EXPECT_GT(tried, 80);
+    const ChartCells empty = LayChart(ChartKind::Park, {}, SheetRatesOf(eras, 19750), kUsualOpenness);
+    for (const ChartCell& cell : empty) EXPECT_EQ(cell, EffectCell(" "));
 }
 
 TEST(YearFit, MovesAgainstTheErrorAndStaysWithinItsLimits) {
@@ -92,7 +111,7 @@ TEST(Adjustments, AreKeptOnFileAndFillTheYearsBetween) {
     adjustments[19501].BBAvg = 0.8;
     adjustments[19502].BBAvg = 1.0;
     adjustments[19601].BBAvg = 1.2;
-    adjustments[19501].cells = LayYearChart({0.1, 0, 0.1, 0}, {0.17, 0.04, 0.01, 0.02, 0.1}, kUsualOpenness);
+    adjustments[19501].cells = LayChart(ChartKind::Year, {0.1, 0, 0.1, 0}, {0.17, 0.04, 0.01, 0.02, 0.1}, kUsualOpenness);
     WriteAdjustments(scratch.path / "a.csv", adjustments);
     const Adjustments read = ReadAdjustments(scratch.path / "a.csv");
     EXPECT_EQ(read.at(19501).cells, adjustments.at(19501).cells);
@@ -116,8 +135,11 @@ TEST(Seed, IsWhatTheFactsAndTheAdjustmentsGive) {
     const Adjustments adjustments = ReadAdjustments(kTools / "EraAdjustments.csv");
     EXPECT_GE(adjustments.size(), 40U);
     EraTable(kTools / "EraFacts.csv").WriteSeed(scratch.path / "KorvYears.csv", adjustments);
-    EXPECT_EQ(ReadAll(scratch.path / "KorvYears.csv"), ReadAll(AssetsPath() / "seeds" / "KorvYears.csv"))
-        << "run tarvane-calibrate apply";
+    WriteParkSeed(scratch.path / "KorvBallparks.csv", FactTable(kTools / "ParkFacts.csv"),
+                  FactTable(kTools / "EraFacts.csv"));
+    for (const char* seed : {"KorvYears.csv", "KorvBallparks.csv"})
+        EXPECT_EQ(ReadWhole(scratch.path / seed), ReadWhole(AssetsPath() / "seeds" / seed))
+            << "run tarvane-calibrate apply";
 }
 
 // The bound of each rate and twice the noise of the games played here.
@@ -131,8 +153,9 @@ TEST(Seed, ReplaysRealSeasons) {
     Laboratory lab(scratch.path / "data", AssetsPath() / "seeds", fs::path(data) / "lahman" / "csv");
     for (const int year : {1925, 1975}) {
         lab.MakeSeason(year);
+        const auto replays = lab.Replay(4, 0);
         for (const std::string& league : lab.Leagues()) {
-            const Counts real = lab.Real(league), replay = lab.Play(league, 3000, 7);
+            const Counts real = lab.Real(league), &replay = replays.at(league);
             for (const LeagueRate& rate : LeagueRates()) {
                 const auto bound = bounds.find(rate.figure);
                 if (bound == bounds.end()) continue;

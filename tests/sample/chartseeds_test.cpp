@@ -63,8 +63,8 @@ TEST(ChartSeeds, ManagerDecision) {
 
 TEST(ChartSeeds, Bunt) {
     ExpectRows("KorvBuntChart",
-               {{{"gSH", 130}, {"g1", 20}, {"gFC", 5}, {"gE", 5}, {"rG", 18}, {"rF", 8}, {"rDP", 4}, {"y2K", 26}},
-                {{"gSH", 100}, {"g1", 9}, {"gFC", 4}, {"gE", 4}, {"rG", 36}, {"rF", 13}, {"rDP", 8}, {"y2K", 42}},
+               {{{"gSH", 126}, {"g1", 20}, {"gFC", 5}, {"gE", 9}, {"rG", 18}, {"rF", 8}, {"rDP", 4}, {"y2K", 26}},
+                {{"gSH", 96}, {"g1", 9}, {"gFC", 4}, {"gE", 8}, {"rG", 36}, {"rF", 13}, {"rDP", 8}, {"y2K", 42}},
                 {{"gSH", 112}, {"g1", 14}, {"gFC", 6}, {"gE", 5}, {"rG", 23}, {"rF", 14}, {"y2K", 24}, {"bK", 18}},
                 {{"gSH", 84}, {"g1", 8}, {"gFC", 5}, {"gE", 4}, {"rG", 37}, {"rF", 22}, {"y2K", 32}, {"bK", 24}}});
     const Csv csv = ReadCsv(test::SeedsFolder() / "KorvBuntChart.csv");
@@ -78,12 +78,12 @@ TEST(ChartSeeds, Bunt) {
 
 TEST(ChartSeeds, StolenBases) {
     // Safe, safe on an error, possible error, out, picked off, balk.
-    const int weights[18][6] = {{70, 6, 4, 108, 22, 6}, {89, 7, 4, 88, 22, 6},  {107, 8, 4, 71, 20, 6},
-                                {125, 9, 4, 54, 18, 6}, {143, 9, 4, 39, 15, 6}, {160, 9, 4, 26, 11, 6},
-                                {60, 5, 4, 133, 10, 4}, {80, 6, 4, 112, 10, 4}, {100, 7, 4, 91, 10, 4},
-                                {121, 8, 4, 70, 9, 4},  {142, 9, 4, 49, 8, 4},  {161, 9, 4, 32, 6, 4},
-                                {16, 2, 3, 187, 4, 4},  {24, 3, 3, 178, 4, 4},  {35, 4, 3, 166, 4, 4},
-                                {48, 5, 3, 152, 4, 4},  {63, 6, 3, 136, 4, 4},  {80, 7, 3, 118, 4, 4}};
+    const int weights[18][6] = {{66, 10, 4, 108, 22, 6}, {85, 11, 4, 88, 22, 6},  {103, 12, 4, 71, 20, 6},
+                                {121, 13, 4, 54, 18, 6}, {139, 13, 4, 39, 15, 6}, {156, 13, 4, 26, 11, 6},
+                                {56, 9, 4, 133, 10, 4},  {76, 10, 4, 112, 10, 4}, {96, 11, 4, 91, 10, 4},
+                                {117, 12, 4, 70, 9, 4},  {138, 13, 4, 49, 8, 4},  {157, 13, 4, 32, 6, 4},
+                                {16, 2, 3, 187, 4, 4},   {24, 3, 3, 178, 4, 4},   {35, 4, 3, 166, 4, 4},
+                                {48, 5, 3, 152, 4, 4},   {63, 6, 3, 136, 4, 4},   {80, 7, 3, 118, 4, 4}};
     std::vector<Weights> expected;
     for (const auto& w : weights)
         expected.push_back({{"g", w[0]}, {"gE", w[1]}, {"wE", w[2]}, {"r", w[3]}, {"rPK", w[4]}, {"yBK", w[5]}});
@@ -112,9 +112,9 @@ TEST(ChartSeeds, FieldingPlaces) {
 }
 
 TEST(ChartSeeds, YellowX) {
-    ExpectRows("KorvYellowXChartBasic", {{{"yH", 36}, {"yWP", 144}, {"yPB", 20}, {"yBK", 16}}});
+    ExpectRows("KorvYellowXChartBasic", {{{"yH", 36}, {"yWP", 148}, {"yPB", 16}, {"yBK", 16}}});
     ExpectRows("KorvYellowXChartInjuries",
-               {{{"yH", 36}, {"yWP", 114}, {"yPB", 18}, {"yBK", 12}, {"rI", 36}},
+               {{{"yH", 36}, {"yWP", 118}, {"yPB", 14}, {"yBK", 12}, {"rI", 36}},
                 {{"wP", 60},
                  {"wC", 28},
                  {"w1B", 16},

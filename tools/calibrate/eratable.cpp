@@ -23,24 +23,8 @@ constexpr std::array<double ChartWishes::*, 4> kWishes{&ChartWishes::Doubles, &C
 constexpr const char* kPositions[] = {"P", "C", "1B", "2B", "3B", "SS", "OF"};
 constexpr int kAL = 1, kNL = 2, kSpan = 9;
 
-std::string ReadAll(const std::filesystem::path& file) {
-    std::ifstream in(file, std::ios::binary);
-    if (!in) throw UserError(file.string() + " can't be read");
-    std::ostringstream text;
-    text << in.rdbuf();
-    return text.str();
-}
-
 double NumberOf(std::string_view text) {
     return ParseDouble(text).value_or(0);
-}
-
-// Seven places, without zeros at the end.
-std::string Digits(double value) {
-    std::string text = fmt::format("{:.7f}", value);
-    text.erase(text.find_last_not_of('0') + 1);
-    if (text.back() == '.') text.pop_back();
-    return text;
 }
 
 Adjustment Mix(const Adjustment& a, const Adjustment& b, double shareOfB) {
@@ -83,13 +67,9 @@ ChartCells ChartOf(std::string_view text) {
         const auto roll = ParseInt(std::string_view(word).substr(0, 2));
         if (!roll || *roll < kFirstRoll || *roll > kLastRoll || word.size() < 4)
             throw UserError("'" + word + "' is no cell of a chart: write 16:HR");
-        chart[static_cast<std::size_t>(*roll - kFirstRoll)] = YearCell(word.substr(3));
+        chart[static_cast<std::size_t>(*roll - kFirstRoll)] = EffectCell(word.substr(3));
     }
     return chart;
-}
-
-std::string Quoted(const std::string& text) {
-    return text.find_first_of(",\"") == std::string::npos ? text : "\"" + text + "\"";
 }
 
 }  // namespace
@@ -97,7 +77,7 @@ std::string Quoted(const std::string& text) {
 Adjustments ReadAdjustments(const std::filesystem::path& file) {
     Adjustments adjustments;
     if (!std::filesystem::exists(file)) return adjustments;
-    const std::string text = ReadAll(file);
+    const std::string text = ReadWhole(file);
     CsvReader reader(text, file.string(), {',', true});
     std::vector<std::string_view> cells;
     reader.Next(cells);  // the heading
@@ -138,34 +118,13 @@ Adjustment AdjustmentFor(std::int32_t eraID, int year, int lastYear, const Adjus
     return mean;
 }
 
-EraTable::EraTable(const std::filesystem::path& file) {
-    const std::string text = ReadAll(file);
-    std::istringstream lines(text);
-    for (std::string line; std::getline(lines, line) && line.starts_with('#');) comments_ += line + '\n';
-    CsvReader reader(text, file.string(), {',', true});
-    std::vector<std::string_view> cells;
-    reader.Next(cells);
-    columns_.assign(cells.begin(), cells.end());
-    while (reader.Next(cells)) {
-        if (cells.size() != columns_.size()) reader.Fail("a line has another number of fields than the heading");
-        auto& row = rows_[static_cast<std::int32_t>(NumberOf(cells[0]))];
-        for (std::size_t i = 0; i < columns_.size(); ++i) row[columns_[i]] = std::string(cells[i]);
-    }
+SheetRates SheetRatesOf(const FactTable& eras, std::int32_t eraID) {
+    const auto rate = [&](const char* column) { return eras.Number(eraID, column); };
+    return {rate("SinglesAvg"), rate("DoublesAvg"), rate("TriplesAvg"), rate("HRAvg"), rate("SOAvg")};
 }
 
-double EraTable::Fact(std::int32_t eraID, const std::string& column) const {
-    const auto row = rows_.find(eraID);
-    if (row == rows_.end()) throw UserError(fmt::format("the facts have no era {}; run tools/make-eras", eraID));
-    return NumberOf(row->second.at(column));
-}
-
-SheetRates EraTable::RatesOf(std::int32_t eraID) const {
-    return {Fact(eraID, "SinglesAvg"), Fact(eraID, "DoublesAvg"), Fact(eraID, "TriplesAvg"), Fact(eraID, "HRAvg"),
-            Fact(eraID, "SOAvg")};
-}
-
-EraRow EraTable::Adjusted(std::int32_t eraID, const Adjustment& a) const {
-    EraRow row;
+ChangedRow EraTable::Adjusted(std::int32_t eraID, const Adjustment& a) const {
+    ChangedRow row;
     const auto scale = [&](const std::string& column, double factor) { row[column] = Fact(eraID, column) * factor; };
     scale("AvgHBFP", a.AvgHBFP);
     scale("AvgSOBFP", a.AvgSOBFP);
@@ -173,46 +132,21 @@ EraRow EraTable::Adjusted(std::int32_t eraID, const Adjustment& a) const {
     scale("HBPRate", a.HBPRate);
     scale("RBIAvg", a.RBIAvg);
     for (const char* position : kPositions) scale(std::string(position) + "ErrorsRate", a.Errors);
-    const ChartCells chart = a.cells ? *a.cells : LayYearChart(a.chart, RatesOf(eraID), kUsualOpenness);
-    for (int roll = kFirstRoll; roll <= kLastRoll; ++roll) {
-        const ChartCell& cell = chart[static_cast<std::size_t>(roll - kFirstRoll)];
-        row[fmt::format("Roll{}", roll)] = cell.text;
-        row[fmt::format("Roll{}Color", roll)] = std::int64_t{cell.color};
-    }
+    const ChartCells chart = a.cells ? *a.cells : LayChart(ChartKind::Year, a.chart, RatesOf(eraID), kUsualOpenness);
+    AddChart(chart, row);
     return row;
 }
 
 void EraTable::WriteSeed(const std::filesystem::path& file, const Adjustments& adjustments) const {
-    std::string text = comments_;
-    text +=
-        "# Calibrated by tarvane-calibrate, so that a replayed season comes out as the real one: AvgHBFP, AvgSOBFP, "
-        "BBAvg, HBPRate, RBIAvg, the ...ErrorsRate and the chart.\n";
-    std::vector<std::string> columns = columns_;
-    for (const char* kind : {"", "Color"})
-        for (int roll = kFirstRoll; roll <= kLastRoll; ++roll) columns.push_back(fmt::format("Roll{}{}", roll, kind));
-    text += fmt::format("{}\n", fmt::join(columns, ","));
-    for (const auto& [id, facts] : rows_) {
-        const auto range = [&](const char* column) { return static_cast<int>(NumberOf(facts.at(column))); };
-        const EraRow changed = Adjusted(id, AdjustmentFor(id, range("yearID"), range("EraRangeEnd"), adjustments));
-        std::string line;
-        for (const std::string& column : columns) {
-            const auto found = changed.find(column);
-            std::string cell;
-            if (found == changed.end())
-                cell = Quoted(facts.at(column));
-            else if (const auto* number = std::get_if<double>(&found->second))
-                cell = Digits(*number);
-            else if (const auto* whole = std::get_if<std::int64_t>(&found->second))
-                cell = *whole == kGreenWord ? "" : fmt::format("{}", *whole);
-            else if (const auto& words = std::get<std::string>(found->second); words != " ")
-                cell = words;
-            line += (line.empty() ? "" : ",") + cell;
-        }
-        text += line + '\n';
+    std::map<std::int32_t, ChangedRow> changed;
+    for (const auto& [id, row] : facts_.rows) {
+        const auto year = [&, id = id](const char* column) { return static_cast<int>(Fact(id, column)); };
+        changed[id] = Adjusted(id, AdjustmentFor(id, year("yearID"), year("EraRangeEnd"), adjustments));
     }
-    std::ofstream out(file, std::ios::binary);
-    out << text;
-    if (!out.flush()) throw UserError(file.string() + " can't be written");
+    WriteSeedTable(file, facts_,
+                   "Calibrated by tarvane-calibrate, so that a replayed season comes out as the real one: AvgHBFP, "
+                   "AvgSOBFP, BBAvg, HBPRate, RBIAvg, the ...ErrorsRate and the chart.",
+                   changed);
 }
 
 }  // namespace tarvane::calibrate

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "laboratory.h"
-#include "yearchart.h"
+#include "chartlayout.h"
 
 namespace tarvane::calibrate {
 
@@ -35,22 +35,23 @@ void WriteAdjustments(const std::filesystem::path& file, const Adjustments& adju
 // that of all leagues together, of a third league and of a span is the mean of the two old leagues'.
 Adjustment AdjustmentFor(std::int32_t eraID, int year, int lastYear, const Adjustments& adjustments);
 
+// The rates of one era as the record has them.
+SheetRates SheetRatesOf(const FactTable& eras, std::int32_t eraID);
+
 // The rates of all eras as the record has them.
 class EraTable {
   public:
-    explicit EraTable(const std::filesystem::path& file);
+    explicit EraTable(const std::filesystem::path& file) : facts_(file) {}
 
-    double Fact(std::int32_t eraID, const std::string& column) const;
-    SheetRates RatesOf(std::int32_t eraID) const;
+    double Fact(std::int32_t eraID, const std::string& column) const { return facts_.Number(eraID, column); }
+    SheetRates RatesOf(std::int32_t eraID) const { return SheetRatesOf(facts_, eraID); }
     // The columns that an adjustment changes.
-    EraRow Adjusted(std::int32_t eraID, const Adjustment& adjustment) const;
+    ChangedRow Adjusted(std::int32_t eraID, const Adjustment& adjustment) const;
     // The seed table: every era with its adjustment, and all comment lines of the facts.
     void WriteSeed(const std::filesystem::path& file, const Adjustments& adjustments) const;
 
   private:
-    std::string comments_;
-    std::vector<std::string> columns_;
-    std::map<std::int32_t, std::map<std::string, std::string>> rows_;
+    FactTable facts_;
 };
 
 }  // namespace tarvane::calibrate

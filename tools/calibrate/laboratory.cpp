@@ -5,11 +5,10 @@
 #include <algorithm>
 
 #include "accuracy/figures.h"
-#include "base/error.h"
+#include "accuracy/replays.h"
 #include "data/seeds.h"
 #include "data/upgrade.h"
 #include "import/importseason.h"
-#include "season/managedgame.h"
 #include "season/managerlists.h"
 
 namespace tarvane::calibrate {
@@ -17,7 +16,6 @@ namespace tarvane::calibrate {
 namespace {
 
 constexpr const char* kSeason = "Calibration";
-constexpr int kRotations = 4;  // starters tried for each pairing
 
 ImportRequest RequestFor(int year, const std::filesystem::path& source) {
     ImportRequest request;
@@ -38,18 +36,6 @@ std::vector<std::string> Texts(Database& season, const std::string& sql, const s
     return texts;
 }
 
-std::int32_t StarterOf(const GameSetup& setup, Side side) {
-    const auto index = static_cast<std::size_t>(setup.lineup[side].pitcher.index);
-    return setup.data[side].roster.pitchers[index].playerID;
-}
-
-void PlayInto(const GameSetup& setup, std::uint64_t seed, GameTally& tally) {
-    GameState state;
-    StartSetup(setup, state);
-    PlayByComputers(setup, seed, state);
-    tally.Add(state);
-}
-
 }  // namespace
 
 Laboratory::Laboratory(const std::filesystem::path& folder, const std::filesystem::path& seeds,
@@ -63,7 +49,7 @@ Laboratory::Laboratory(const std::filesystem::path& folder, const std::filesyste
     EnsureDefensiveEras(*common_, paths_.DefensiveErasFile());
 }
 
-void Laboratory::SetEra(std::int32_t eraID, const EraRow& row) {
+void Laboratory::SetEra(std::int32_t eraID, const ChangedRow& row) {
     std::string columns;
     std::vector<Value> values;
     for (const auto& [column, value] : row) {
@@ -103,23 +89,17 @@ Counts Laboratory::Real(const std::string& league) {
     return real.leagues.at(static_cast<std::size_t>(found - leagues_.begin())).counts;
 }
 
-Counts Laboratory::Play(const std::string& league, long games, std::uint64_t seed) {
-    const auto codes = Texts(*season_, "SELECT teamID FROM KorvTeams WHERE lgID = ? ORDER BY TeamIdx", {league});
-    if (codes.size() < 2) throw UserError("league " + league + " has fewer than two teams");
-    const auto teams = static_cast<long>(codes.size());
-    const long perStarter = std::max(1L, games / (teams * (teams - 1) * kRotations) + 1);
-    GameTally tally;
-    const auto full = [&] { return tally.games / 2 >= games; };
-    for (std::size_t distance = 1; !full(); distance = distance % (codes.size() - 1) + 1) {
-        for (std::size_t i = 0; i < codes.size() && !full(); ++i) {
-            GameSetup setup = LoadExhibition(*common_, *season_, codes[i], codes[(i + distance) % codes.size()]);
-            for (int rotation = 0; rotation < kRotations && !full(); ++rotation) {
-                for (long n = 0; n < perStarter && !full(); ++n) PlayInto(setup, ++seed, tally);
-                ChooseBothLineups(setup, {{StarterOf(setup, Side::Visitor), StarterOf(setup, Side::Home)}});
-            }
-        }
-    }
-    return CountsOf(tally);
+std::map<std::string, Counts> Laboratory::Replay(int replays, int workers) {
+    ReplayPlan plan;
+    plan.replays = replays;
+    plan.workers = workers;
+    std::map<std::string, Counts> sums;
+    for (const SeasonFigures& replay : PlayReplays(*common_, *season_, plan))
+        for (std::size_t i = 0; i < leagues_.size(); ++i)
+            for (std::size_t figure = 0; figure < kCounts; ++figure)
+                if (const auto& count = replay.leagues.at(i).counts[static_cast<Figure>(figure)])
+                    sums[leagues_[i]].Add(static_cast<Figure>(figure), *count);
+    return sums;
 }
 
 }  // namespace tarvane::calibrate

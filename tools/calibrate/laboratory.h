@@ -9,14 +9,11 @@
 #include "accuracy/counts.h"
 #include "core/database.h"
 #include "core/paths.h"
-#include "yearchart.h"
+#include "facttable.h"
 
 namespace tarvane::calibrate {
 
-// Columns of one KorvYears row with the values that a trial gives them.
-using EraRow = std::map<std::string, Value>;
-
-// A data folder of its own in which seasons are made from a Lahman folder, as a user makes them, and played.
+// A data folder of its own in which seasons are made from a Lahman folder, as a user makes them, and replayed.
 class Laboratory {
   public:
     // folder is emptied first. seeds is where the seed tables lie.
@@ -24,7 +21,7 @@ class Laboratory {
                const std::filesystem::path& source);
 
     // Era rows for all seasons made from now on.
-    void SetEra(std::int32_t eraID, const EraRow& row);
+    void SetEra(std::int32_t eraID, const ChangedRow& row);
 
     // Makes the season of a year anew. Leagues() are then its leagues.
     void MakeSeason(int year);
@@ -33,9 +30,9 @@ class Laboratory {
     // Of the league's pitchers, by the batters they really faced; nothing is to be laid on the cells where it is 0.
     Openness OpennessOf(const std::string& league);
     Counts Real(const std::string& league);
-    // Games between all teams of a league, several starters each, nobody in need of rest. The same seed is the same
-    // games.
-    Counts Play(const std::string& league, long games, std::uint64_t seed);
+    // The whole season so many times, by computer managers and the rules it was made with, seeds 1 and up. What all
+    // replays add up to, by league.
+    std::map<std::string, Counts> Replay(int replays, int workers);
 
     Database& Common() { return *common_; }
 

@@ -1,20 +1,23 @@
 // Works out the year charts and baselines of seasons from the real rates and our own games, and writes the seed table.
 //
-// For each year the season is made from the Lahman tables as a user makes it, games between all clubs of a league are
-// played by computer managers, and what is measured moves the year's row (yearfit.h): the pitchers' baselines give hits
+// For each year the season is made from the Lahman tables as a user makes it and replayed by computer managers, and what
+// is measured moves the rows of the year's leagues (yearfit.h): the pitchers' baselines give hits
 // and strikeouts, the batters' walks and hit batsmen, the runs-batted-in baseline runs (it doubles the outs that bring
 // runners home), the fielders' errors, and the chart doubles, triples and home runs, which it makes of singles or turns
-// into them. Seven rounds with a fixed seed; a step shrinks as the noise of the games begins to count. The chart that
-// is kept is the last one found.
+// into them. Replays have fixed seeds; a step shrinks as the noise of the games begins to count. Of the later
+// rounds the one that came nearest is kept. A year takes about a minute of a processor.
 
 #include <fmt/format.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <exception>
+#include <iterator>
 
 #include "base/error.h"
 #include "base/text.h"
+#include "parktable.h"
 #include "yearfit.h"
 
 namespace tarvane::calibrate {
@@ -22,14 +25,15 @@ namespace tarvane::calibrate {
 namespace {
 
 constexpr const char* kUsage =
-    "usage: tarvane-calibrate LAHMAN_FOLDER [FIRST LAST [STEP]]   calibrate every STEP-th year, write the seeds\n"
-    "       tarvane-calibrate LAHMAN_FOLDER check FIRST LAST [STEP]   play the seeds as they are and show the rates\n"
-    "       tarvane-calibrate apply   write the seeds from the facts and the adjustments as they are\n";
+    "usage: tarvane-calibrate LAHMAN_FOLDER [FIRST LAST [STEP]] [--workers N]\n"
+    "           calibrate every STEP-th year, N replays at a time, and write the seeds\n"
+    "       tarvane-calibrate LAHMAN_FOLDER check FIRST LAST [STEP] [--workers N]\n"
+    "           play the seeds as they are and show the rates\n"
+    "       tarvane-calibrate apply   write the seeds of eras and parks from the facts and the adjustments as they are\n";
 
-constexpr int kRounds = 7;
-constexpr long kFirstGames = 3000, kLaterGames = 8000;  // of a league in a round
-constexpr long kCheckGames = 10000;
-constexpr std::uint64_t kSeed = 20010;
+constexpr int kReplays[] = {1, 2, 3, 4, 6, 8};  // by round
+constexpr int kFirstKept = 3;                     // the first round whose replays are enough to judge by
+constexpr int kCheckReplays = 10;
 
 // What is worked on, all in the source tree.
 struct Files {
@@ -38,10 +42,13 @@ struct Files {
     std::filesystem::path Facts() const { return tools / "EraFacts.csv"; }
     std::filesystem::path Adjusted() const { return tools / "EraAdjustments.csv"; }
     std::filesystem::path Seed() const { return seeds / "KorvYears.csv"; }
+    std::filesystem::path Parks() const { return tools / "ParkFacts.csv"; }
+    std::filesystem::path ParkSeed() const { return seeds / "KorvBallparks.csv"; }
 };
 
 struct Years {
     int first = 1901, last = 2024, step = 1;
+    int workers = 0;  // processes at a time; 0: as many as there are processors
 };
 
 std::filesystem::path ScratchFolder() {
@@ -67,22 +74,29 @@ double GainOf(int round) {
     return round < 3 ? 1.0 : 2.0 / round;
 }
 
-void CalibrateYear(int year, Laboratory& lab, const EraTable& facts, Adjustments& adjustments) {
-    std::map<std::string, Adjustment> trial;
+void CalibrateYear(int year, Laboratory& lab, const EraTable& facts, int workers, Adjustments& adjustments) {
+    std::map<std::string, Adjustment> trial, best;
+    std::map<std::string, double> least;
     for (const char* league : {"AL", "NL"}) trial[league] = UsualAdjustment();
-    for (int round = 0; round < kRounds; ++round) {
+    for (int round = 0; round < static_cast<int>(std::size(kReplays)); ++round) {
         for (const auto& [league, adjustment] : trial)
             lab.SetEra(EraOf(year, league), facts.Adjusted(EraOf(year, league), adjustment));
         lab.MakeSeason(year);
+        const auto replays = lab.Replay(kReplays[round], workers);
         for (auto& [league, adjustment] : trial) {
             const Counts real = lab.Real(league);
-            const Counts replay = lab.Play(league, round < 2 ? kFirstGames : kLaterGames, kSeed);
+            const Counts& replay = replays.at(league);
             PrintRatios(year, league, round, real, replay);
+            const double miss = MissOf(real, replay);
+            if (round >= kFirstKept && (!least.contains(league) || miss < least[league])) {
+                best[league] = adjustment;
+                least[league] = miss;
+            }
             adjustment = NextAdjustment(adjustment, facts, EraOf(year, league), real, replay, lab.OpennessOf(league),
                                         GainOf(round));
         }
     }
-    for (const auto& [league, adjustment] : trial) adjustments[EraOf(year, league)] = adjustment;
+    for (const auto& [league, adjustment] : best) adjustments[EraOf(year, league)] = adjustment;
 }
 
 void Calibrate(const std::filesystem::path& source, const Years& years) {
@@ -93,7 +107,7 @@ void Calibrate(const std::filesystem::path& source, const Years& years) {
     {
         Laboratory lab(scratch, files.seeds, source);
         for (int year = years.first; year <= years.last; year += years.step) {
-            CalibrateYear(year, lab, facts, adjustments);
+            CalibrateYear(year, lab, facts, years.workers, adjustments);
             WriteAdjustments(files.Adjusted(), adjustments);  // what is done is kept if the run is stopped
         }
     }
@@ -107,8 +121,8 @@ void Check(const std::filesystem::path& source, const Years& years) {
         Laboratory lab(scratch, Files().seeds, source);
         for (int year = years.first; year <= years.last; year += years.step) {
             lab.MakeSeason(year);
-            for (const std::string& league : lab.Leagues())
-                PrintRatios(year, league, 0, lab.Real(league), lab.Play(league, kCheckGames, kSeed));
+            for (const auto& [league, replay] : lab.Replay(kCheckReplays, years.workers))
+                PrintRatios(year, league, 0, lab.Real(league), replay);
         }
     }
     std::filesystem::remove_all(scratch);
@@ -126,17 +140,30 @@ Years YearsOf(const std::vector<std::string>& words) {
     return years;
 }
 
+int TakeWorkers(std::vector<std::string>& words) {
+    const auto option = std::find(words.begin(), words.end(), "--workers");
+    if (option == words.end()) return 0;
+    const auto number = option + 1 != words.end() ? ParseInt(option[1]) : std::nullopt;
+    if (!number || *number < 1 || *number > 256) throw UserError(kUsage);
+    words.erase(option, option + 2);
+    return static_cast<int>(*number);
+}
+
 void Run(std::vector<std::string> words) {
     if (words.empty()) throw UserError(kUsage);
     const std::string source = words.front();
     words.erase(words.begin());
     if (source == "apply" && words.empty()) {
         const Files files;
-        return EraTable(files.Facts()).WriteSeed(files.Seed(), ReadAdjustments(files.Adjusted()));
+        EraTable(files.Facts()).WriteSeed(files.Seed(), ReadAdjustments(files.Adjusted()));
+        return WriteParkSeed(files.ParkSeed(), FactTable(files.Parks()), FactTable(files.Facts()));
     }
     const bool check = !words.empty() && words.front() == "check";
     if (check) words.erase(words.begin());
-    check ? Check(source, YearsOf(words)) : Calibrate(source, YearsOf(words));
+    const int workers = TakeWorkers(words);
+    Years years = YearsOf(words);
+    years.workers = workers;
+    check ? Check(source, years) : Calibrate(source, years);
 }
 
 }  // namespace

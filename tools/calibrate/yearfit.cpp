@@ -59,10 +59,10 @@ Adjustment NextAdjustment(const Adjustment& now, const EraTable& facts, std::int
         now.RBIAvg + gain * (PerGame(replay, Figure::R) / PerGame(real, Figure::R) - 1) / kRunsPerRBIBaseline, 0.0,
         3.0);
     next.Errors =
-        std::clamp(now.Errors * std::pow(PerGame(replay, Figure::E) / PerGame(real, Figure::E), gain), 0.6, 1.6);
+        std::clamp(now.Errors * std::pow(PerGame(replay, Figure::E) / PerGame(real, Figure::E), gain), 0.4, 1.6);
     // A chart has thirty cells and so misses its wishes by a little: what it really gives is what was measured.
     const ChartWishes effect =
-        EffectOf(now.cells ? *now.cells : LayYearChart(now.chart, rates, kUsualOpenness), rates, open);
+        EffectOf(now.cells ? *now.cells : LayChart(ChartKind::Year, now.chart, rates, kUsualOpenness), rates, open);
     next.chart.Doubles =
         Wish(effect.Doubles, rates.Doubles, PerPA(real, Figure::Doubles), PerPA(replay, Figure::Doubles), gain);
     next.chart.Triples =
@@ -76,8 +76,18 @@ Adjustment NextAdjustment(const Adjustment& now, const EraTable& facts, std::int
     if (next.chart.SO == 0)
         next.AvgSOBFP = Moved(now.AvgSOBFP, fact("AvgSOBFP"), PerPA(real, Figure::SO), PerPA(replay, Figure::SO),
                               kStrikeoutsPerBaseline, gain, kLeastStrikeouts, 2);
-    next.cells = LayYearChart(next.chart, rates, open);
+    next.cells = LayChart(ChartKind::Year, next.chart, rates, open);
     return next;
+}
+
+double MissOf(const Counts& real, const Counts& replay) {
+    double miss = 0;
+    for (const LeagueRate& rate : LeagueRates()) {
+        if (rate.per != Figure::PA && rate.figure != Figure::R && rate.figure != Figure::E) continue;
+        const auto was = RateOf(rate, real), is = RateOf(rate, replay);
+        if (was && is && *was > 0) miss += std::pow((*is / *was - 1) / rate.bound, 2);
+    }
+    return miss;
 }
 
 }  // namespace tarvane::calibrate

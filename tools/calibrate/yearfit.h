@@ -12,4 +12,7 @@ Adjustment UsualAdjustment();
 Adjustment NextAdjustment(const Adjustment& now, const EraTable& facts, std::int32_t eraID, const Counts& real,
                           const Counts& replay, const Openness& open, double gain);
 
+// How far a replay is off in what the era's row can change: the squares of the misses, each in units of its bound.
+double MissOf(const Counts& real, const Counts& replay);
+
 }  // namespace tarvane::calibrate
