@@ -138,8 +138,8 @@ TEST(Seed, IsWhatTheFactsAndTheAdjustmentsGive) {
     WriteParkSeed(scratch.path / "KorvBallparks.csv", FactTable(kTools / "ParkFacts.csv"),
                   FactTable(kTools / "EraFacts.csv"));
     for (const char* seed : {"KorvYears.csv", "KorvBallparks.csv"})
-        EXPECT_EQ(ReadWhole(scratch.path / seed), ReadWhole(AssetsPath() / "seeds" / seed))
-            << "run tarvane-calibrate apply";
+        EXPECT_TRUE(ReadWhole(scratch.path / seed) == ReadWhole(AssetsPath() / "seeds" / seed))
+            << seed << ": run tarvane-calibrate apply";
 }
 
 // The bound of each rate and twice the noise of the games played here.
@@ -151,7 +151,7 @@ TEST(Seed, ReplaysRealSeasons) {
                                           {Figure::R, 0.04},  {Figure::Triples, 0.12}};
     const Scratch scratch;
     Laboratory lab(scratch.path / "data", AssetsPath() / "seeds", fs::path(data) / "lahman" / "csv");
-    for (const int year : {1925, 1975}) {
+    for (const int year : {1927, 1975}) {
         lab.MakeSeason(year);
         const auto replays = lab.Replay(4, 0);
         for (const std::string& league : lab.Leagues()) {
