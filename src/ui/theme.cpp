@@ -51,7 +51,7 @@ QRadioButton:disabled, QCheckBox:disabled { color: #6F6959; }
 QPushButton { background: #F6F0DD; color: #26251F; border: 1px solid #C9BD98; border-radius: 4px; padding: 5px 5px; }
 QPushButton:hover { background: #FFFBEF; border-color: #E8BE54; }
 QPushButton:pressed { background: #E3D9BC; }
-QPushButton:checked { background: #E8BE54; font-weight: bold; }
+QPushButton:checked { background: #E8BE54; border: 2px solid #26251F; padding: 4px 4px; }
 QPushButton:focus { border: 2px solid #E8BE54; padding: 4px 4px; }
 QPushButton:disabled { background: #54735F; color: #C3CDBF; border-color: #476553; }
 QPushButton[role="primary"] { background: #E8BE54; border-color: #C49A30; font-weight: bold; padding: 7px 12px; }
