@@ -11,6 +11,7 @@
 
 #include <set>
 
+#include "base/random.h"
 #include "engine/boxtext.h"
 #include "ui/chartgrid.h"
 #include "ui/demo.h"
@@ -228,6 +229,35 @@ TEST_F(GameTest, ARollByHandIsReadAndTheRowIsMarked) {
     EXPECT_EQ(Find("chkcurrPrev")->text(), "C&urrent Play");
     Find("chkcurrPrev")->click();
     EXPECT_TRUE(Find("cmdPlay")->isEnabled());
+}
+
+TEST_F(GameTest, AWholeGameIsPlayedWithEveryRollByHandOnEveryChart) {
+    GameOptions options;
+    options.ManualDiceRolls = true;
+    Open(options);
+    outside.dialogs.defaultReply = Reply::Yes;
+    auto* dice = Find<QComboBox>("cmbManualDice");
+    std::set<SheetCode> sheets;
+    Random hand(8);
+    int rolls = 0;
+    for (int clicks = 0; clicks < 5000 && !State().GameOverFlag; ++clicks) {
+        if (Find("cmdManualRoll")->isEnabled()) {
+            sheets.insert(State().sheet);
+            const int roll = 10 * (1 + static_cast<int>(hand.Below(3))) + static_cast<int>(hand.Below(10));
+            dice->setCurrentIndex(dice->findData(roll));
+            Find("cmdManualRoll")->click();
+            ASSERT_EQ(Label("lblDiceRoll"), std::to_string(roll));
+            ++rolls;
+        } else {
+            Find("cmdPlay")->click();
+        }
+        demo::AnswerLineups();
+        ASSERT_EQ(StateOk(game->Session().Data(), State()), "");
+    }
+    ASSERT_TRUE(State().GameOverFlag);
+    EXPECT_TRUE(ProveBox(State()).Proves());
+    EXPECT_GT(rolls, 80);
+    EXPECT_GE(sheets.size(), 4U) << "pitcher's and batter's charts, and the small ones";
 }
 
 TEST_F(GameTest, ARowClickRollsOnlyWhenDiceAreRolledByHand) {

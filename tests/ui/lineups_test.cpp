@@ -300,6 +300,13 @@ struct WholeGame : ::testing::Test {
         EXPECT_EQ(State()[side].lineup[7].position, Position::LF);
         ClickOn(*game, "chkOpp");
     }
+    // Whether a command that the screen offers now is to be given; half of them are, up to four in a game.
+    bool Wanted(const char* command, int& given) {
+        const auto* button = game->findChild<QPushButton*>(QString::fromLatin1(command));
+        if (!button->isEnabled() || given >= 4 || State().steps % 2 == 0) return false;
+        ++given;
+        return true;
+    }
     // A change that the game waits for: the first man who can stand there, then whatever else is open.
     void AnswerForced() {
         frmGameLineups* screen = OpenLineups();
@@ -315,14 +322,18 @@ struct WholeGame : ::testing::Test {
     }
 };
 
-TEST_F(WholeGame, APersonPlaysItWithPinchHitterNewPitcherNewDefenceAndAnInjury) {
-    int injuries = 0, pinchHitters = 0, pitchers = 0, positions = 0;
+TEST_F(WholeGame, APersonPlaysItByOneClickWithStealsBuntsPinchHitterNewPitcherNewDefenceAndAnInjury) {
+    int injuries = 0, pinchHitters = 0, pitchers = 0, positions = 0, bunts = 0, steals = 0;
     outside.dialogs.defaultReply = Reply::Yes;
-    for (std::uint64_t seed = 11; seed < 40 && (injuries == 0 || positions == 0); ++seed) {
-        injuries = pinchHitters = pitchers = positions = 0;
+    outside.dialogs.choice = 0;
+    GameOptions options;
+    options.ComputerMgrAutoClick = true;
+    for (std::uint64_t seed = 11; seed < 60 && (injuries == 0 || positions == 0); ++seed) {
+        injuries = pinchHitters = pitchers = positions = bunts = steals = 0;
         outside.dialogs.reminders.clear();
-        game = std::make_unique<frmGame>(seasons.Setup(), GameOptions{}, seed, outside.Get());
+        game = std::make_unique<frmGame>(seasons.Setup(), options, seed, outside.Get());
         game->show();
+        QApplication::processEvents();  // the starter's stamina is rolled for by itself
         for (int clicks = 0; clicks < 5000 && !State().GameOverFlag; ++clicks) {
             ASSERT_EQ(StateOk(game->Session().Data(), State()), "");
             if (State().awaited.kind == Await::LineupChange) {
@@ -334,13 +345,21 @@ TEST_F(WholeGame, APersonPlaysItWithPinchHitterNewPitcherNewDefenceAndAnInjury) 
             } else if (State().sheet == SheetCode::P && State().Inning == 7 && pitchers == 0) {
                 ++pitchers;
                 ChangePitcherAndFielders();
+            } else if (Wanted("chkSteal", steals)) {
+                ClickOn(*game, "chkSteal");
+            } else if (Wanted("chkBunt", bunts)) {
+                ClickOn(*game, "chkBunt");
             } else {
                 ClickOn(*game, "cmdPlay");
             }
         }
-        ASSERT_TRUE(State().GameOverFlag);
+        ASSERT_TRUE(State().GameOverFlag)
+            << "waits for " << static_cast<int>(State().awaited.kind) << " on sheet " << static_cast<int>(State().sheet)
+            << " in inning " << int{State().Inning} << ", the play button "
+            << (game->findChild<QPushButton*>(QStringLiteral("cmdPlay"))->isEnabled() ? "enabled" : "off");
         EXPECT_TRUE(ProveBox(State()).Proves());
     }
+    EXPECT_GE(std::min(steals, bunts), 2);
     EXPECT_GT(injuries, 0);
     EXPECT_GT(positions, 0) << "the pinch hitter needs a place in the field";
     EXPECT_EQ(pinchHitters, 1);
