@@ -205,12 +205,12 @@ void frmGame::AfterInput() {
         services_.sound.Play(BuiltInSounds() /
                              (session_.LastChart()->secondDiceSound ? "DiceB.wav" : "DiceA.wav"));
     HearPlays();
-    if (options.PlayResultDelay == 0 || options.HideChartDuringGame) {
+    if (options.ResultSeconds() == 0) {
         GoOn();
         return;
     }
     shown_ = Shown::Result;
-    pause_.start(options.PlayResultDelay * 1000);
+    pause_.start(options.ResultSeconds() * 1000);
     Refresh();
 }
 
@@ -239,12 +239,12 @@ void frmGame::GoOn() {
         return;
     }
     if (!session_.RollsByItself()) return;
-    if (session_.Options().PlayResultDelay > 0 || session_.SpectatorMode) {
+    if (session_.Options().ResultSeconds() > 0 || session_.SpectatorMode) {
         if (session_.Roll()) {
             services_.sound.Stop();
             HearPlays();
             shown_ = Shown::Result;
-            pause_.start(session_.Options().PlayResultDelay * 1000);
+            pause_.start(session_.Options().ResultSeconds() * 1000);
             Refresh();
         }
         return;

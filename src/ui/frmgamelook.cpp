@@ -21,6 +21,7 @@ void frmGame::OpenSettings() {
         settings_->popup(ui_->chkSettings->mapToGlobal(QPoint(0, -settings_->sizeHint().height())));
         return;
     }
+    pause_.stop();  // the game goes on when he comes back
     auto* screen = new frmSettingsGame(*store_, services_);
     connect(screen, &SettingsScreen::Saved, this, [this] {
         GameOptions options = OptionsFrom(*store_);

@@ -183,6 +183,7 @@ void frmGame::ShowControls() {
     ui_->chkLineup->setEnabled(controls.lineup && lineup && !quiet);
     ui_->chkQuickPlay->setEnabled(controls.quickPlay && !quiet);
     ui_->chkScore->setEnabled(!quiet);
+    ui_->chkSettings->setEnabled(!previous && !session_.Over());
     ui_->chkcurrPrev->setEnabled(previous || (controls.previous && !waiting));
     ui_->chkcurrPrev->setText(previous ? tr("C&urrent Play") : tr("&Previous Play"));
     if (focusOnPlay_ && ui_->cmdPlay->isEnabled()) ui_->cmdPlay->setFocus();

@@ -50,7 +50,7 @@ frmMain::frmMain(SeasonAccess& seasons, Services services, const GameOptions& op
       spreadsheet_(FindSpreadsheet()),
       ui_(std::make_unique<Ui::frmMain>()) {
     ui_->setupUi(this);
-    ui_->imgMain->SetPicture(QCoreApplication::applicationDirPath() + QStringLiteral("/background_12.jpg"));
+    SetPicture(QString());
     Connect(ui_->grdGamePlay, MenuRow::GamePlay);
     Connect(ui_->grdReports, MenuRow::Reports);
     Connect(ui_->grdSettings, MenuRow::Settings);
@@ -286,7 +286,9 @@ void frmMain::EndOf(const PlayedGame& game) {
 }
 
 void frmMain::SetPicture(const QString& file) {
-    ui_->imgMain->SetPicture(file);
+    ui_->imgMain->SetPicture({});
+    ui_->imgMain->SetPicture(QCoreApplication::applicationDirPath() + QStringLiteral("/background_12.jpg"));
+    if (!file.isEmpty()) ui_->imgMain->SetPicture(file);
 }
 
 void frmMain::Say(const QString& text) {

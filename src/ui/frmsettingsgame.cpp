@@ -16,7 +16,9 @@
 #include <array>
 
 #include "data/settings.h"
+#include "ui/parkpicture.h"
 #include "ui/qtext.h"
+#include "ui/theme.h"
 #include "ui/userlook.h"
 
 namespace tarvane {
@@ -219,25 +221,14 @@ void frmSettingsGame::AddScreenPage() {
 void frmSettingsGame::AddColors(QBoxLayout* to) {
     auto* card = AddCard(to, "fraColors", tr("Colors and letters"));
     GameSettings& s = settings_;
-    struct Part {
-        const char *back, *fore;
-        QString text;
-        std::int32_t &backColor, &foreColor;
-    };
-    const Part parts[]{
-        {"cmdScoreBoardBack", "cmdScoreBoardFore", tr("Score board"), s.ScoreBoardBackColor, s.ScoreBoardForeColor},
-        {"cmdPlayByPlayBack", "cmdPlayByPlayFore", tr("Play by play"), s.PlayByPlayBackColor, s.PlayByPlayForeColor},
-        {"cmdReportGridsBack", "cmdReportGridsFore", tr("Reports"), s.ReportGridsBackColor, s.ReportGridsForeColor},
-        {"cmdMainGridsBack", "cmdMainGridsFore", tr("Main menu"), s.MainGridsBackColor, s.MainGridsForeColor}};
-    for (const Part& part : parts) {
-        auto* row = new QHBoxLayout;
-        auto* label = MakeLabel(nullptr, part.text);
-        label->setObjectName(QStringLiteral("lbl") + QString::fromLatin1(part.back));
-        row->addWidget(label, 1);
-        AddColorButton(row, part.back, tr("Ground"), part.backColor);
-        AddColorButton(row, part.fore, tr("Text"), part.foreColor);
-        card->addLayout(row);
-    }
+    AddPair(card, "ScoreBoard", tr("Score board"), s.ScoreBoardBackColor, s.ScoreBoardForeColor,
+            {theme::kBoard, theme::kCream});
+    AddPair(card, "PlayByPlay", tr("Play by play"), s.PlayByPlayBackColor, s.PlayByPlayForeColor,
+            {theme::kPaper, theme::kInk});
+    AddPair(card, "ReportGrids", tr("Reports"), s.ReportGridsBackColor, s.ReportGridsForeColor,
+            {theme::kPaper, theme::kInk});
+    AddPair(card, "MainGrids", tr("Main menu"), s.MainGridsBackColor, s.MainGridsForeColor,
+            {theme::kCream, theme::kInk});
     const auto size = [&](const char* name, const QString& text, std::int16_t& value, int largest) {
         AddList(
             card, name, text, Counts(8, largest), [&value, largest] { return std::clamp<int>(value, 8, largest) - 8; },
@@ -249,24 +240,40 @@ void frmSettingsGame::AddColors(QBoxLayout* to) {
     card->addStretch(1);
 }
 
-void frmSettingsGame::AddColorButton(QBoxLayout* to, const char* name, const QString& text, std::int32_t& color) {
-    auto* button = new QPushButton(text);
-    button->setObjectName(QString::fromLatin1(name));
-    const auto paint = [button, &color] {
-        const QColor ground = ColorOf(color);
-        const QColor letters = ground.lightness() < 128 ? QColor(Qt::white) : QColor(Qt::black);
-        button->setStyleSheet(
-            color == 0 ? QString() : QStringLiteral("background: %1; color: %2;").arg(ground.name(), letters.name()));
+// A sample of how the pair reads, and a button for each of its colours.
+void frmSettingsGame::AddPair(QBoxLayout* to, const char* name, const QString& text, std::int32_t& back,
+                              std::int32_t& fore, const UserColors& house) {
+    auto* row = new QHBoxLayout;
+    auto* sample = MakeLabel(nullptr, text);
+    sample->setObjectName(QStringLiteral("lbl") + QString::fromLatin1(name));
+    const auto paint = [sample, &back, &fore, house] {
+        const UserColors seen = ColorsOf(back, fore).value_or(house);
+        sample->setStyleSheet(
+            QStringLiteral("background: %1; color: %2; border: 1px solid #A99D7C; border-radius: 3px; padding: 4px 8px;")
+                .arg(seen.back.name(), seen.fore.name()));
     };
-    connect(button, &QPushButton::clicked, this, [this, paint, &color] {
-        const auto chosen = services_.dialogs.PickColor(static_cast<std::uint32_t>(color));
-        if (!chosen) return;
-        color = static_cast<std::int32_t>(*chosen);
-        paint();
-        Changed();
-    });
+    row->addWidget(sample, 1);
+    for (const bool ground : {true, false}) {
+        auto* button = new QPushButton(ground ? tr("Ground") : tr("Text"));
+        button->setObjectName(QStringLiteral("cmd%1%2").arg(QString::fromLatin1(name),
+                                                            QString::fromLatin1(ground ? "Back" : "Fore")));
+        button->setAccessibleName(text + QStringLiteral(": ") + button->text());
+        connect(button, &QPushButton::clicked, this, [this, paint, ground, &back, &fore, house] {
+            std::int32_t newBack = back, newFore = fore;
+            BeginPair(newBack, newFore, house);
+            std::int32_t& color = ground ? newBack : newFore;
+            const auto chosen = services_.dialogs.PickColor(static_cast<std::uint32_t>(color));
+            if (!chosen) return;
+            color = static_cast<std::int32_t>(*chosen);
+            back = newBack;
+            fore = newFore;
+            paint();
+            Changed();
+        });
+        row->addWidget(button);
+    }
     Bind(paint, [] {});
-    to->addWidget(button);
+    to->addLayout(row);
 }
 
 void frmSettingsGame::AddPicture(QBoxLayout* to) {
@@ -274,22 +281,35 @@ void frmSettingsGame::AddPicture(QBoxLayout* to) {
     pictures_ = new QListWidget;
     pictures_->setObjectName(QStringLiteral("FileList"));
     const QDir folder(QString::fromStdString(session_.Paths().BallparkImages().string()));
+    pictures_->addItem(tr("(the program's own picture)"));
     pictures_->addItems(folder.entryList({QStringLiteral("*.bmp"), QStringLiteral("*.jpg")}, QDir::Files, QDir::Name));
     card->addWidget(pictures_, 1);
     auto* hint = MakeLabel("lblPictureHint",
                            tr("Pictures (*.bmp, *.jpg) that lie in the folder \"Ballpark Images\" of your data."));
     hint->setWordWrap(true);
     card->addWidget(hint);
-    connect(pictures_, &QListWidget::currentRowChanged, this, &frmSettingsGame::Changed);
+    auto* seen = new ParkPicture;
+    seen->setObjectName(QStringLiteral("imgPreview"));
+    seen->setMinimumSize(120, 90);
+    card->addWidget(seen, 1);
+    connect(pictures_, &QListWidget::currentRowChanged, this, [this, seen] {
+        GameSettings chosen;
+        chosen.MainMenuImage = Picture();
+        seen->SetPicture({});
+        seen->SetPicture(QText(MainMenuImageFile(session_.Paths(), chosen).string()));
+        Changed();
+    });
     Bind(
         [this] {
             const auto found = pictures_->findItems(QText(settings_.MainMenuImage), Qt::MatchFixedString);
-            if (!found.isEmpty()) pictures_->setCurrentItem(found.front());
+            pictures_->setCurrentRow(found.isEmpty() ? 0 : pictures_->row(found.front()));
         },
-        [this] {
-            if (pictures_->currentItem() != nullptr)
-                settings_.MainMenuImage = pictures_->currentItem()->text().toStdString();
-        });
+        [this] { settings_.MainMenuImage = Picture(); });
+}
+
+// The marked picture's file name; empty for the program's own.
+std::string frmSettingsGame::Picture() const {
+    return pictures_->currentRow() > 0 ? pictures_->currentItem()->text().toStdString() : std::string();
 }
 
 void frmSettingsGame::LookDefaults() {

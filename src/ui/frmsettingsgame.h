@@ -2,6 +2,7 @@
 
 #include "data/session.h"
 #include "ui/settingsscreen.h"
+#include "ui/userlook.h"
 
 class QLineEdit;
 class QListWidget;
@@ -31,10 +32,12 @@ class frmSettingsGame : public SettingsScreen {
     void AddAnimation(QBoxLayout* to);
     void AddPicture(QBoxLayout* to);
     void AddColors(QBoxLayout* to);
-    void AddColorButton(QBoxLayout* to, const char* name, const QString& text, std::int32_t& color);
+    void AddPair(QBoxLayout* to, const char* name, const QString& text, std::int32_t& back, std::int32_t& fore,
+                 const UserColors& house);
     void AddFormat(QBoxLayout* to);
     void AddInternet(QBoxLayout* to);
     void LookDefaults();
+    std::string Picture() const;
 
     Session& session_;
     GameSettings settings_;  // as the screen shows them

@@ -214,7 +214,11 @@ bool frmSettingsLeague::RestOk(char pitcherType) {
     const auto fault = FindRestFault(Choices(pitcherType));
     if (!fault) return true;
     const RestLists& lists = rest_[FirstRow(pitcherType) + fault->row];
-    Refuse(fault->text, fault->text.find("Days") != std::string::npos ? lists.days : lists.from);
+    const std::string where = std::string(pitcherType == 'R' ? "Relievers" : "Starters") + ", row ";
+    Refuse(fault->text + "\n" + where + std::to_string(fault->row + 1) + ".",
+           fault->list == RestList::From ? lists.from
+           : fault->list == RestList::To ? lists.to
+                                         : lists.days);
     return false;
 }
 

@@ -85,6 +85,10 @@ frmSettingsSound::frmSettingsSound(Session& session, Services services, QWidget*
     AddGrids(lower);
     body_->addLayout(lower, 1);
     SettingsScreen::Show();
+    QStringList there;
+    for (int row = 0; row < files_->count(); ++row) there.append(files_->item(row)->text());
+    for (SoundGrid* grid : pages_->findChildren<SoundGrid*>()) grid->MarkMissing(there);
+    connect(this, &Screen::Closed, this, [this] { services_.sound.Stop(); });
 }
 
 void frmSettingsSound::AddSwitches(QBoxLayout* to) {

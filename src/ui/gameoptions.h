@@ -45,6 +45,13 @@ struct GameOptions {
     SoundOptions sounds;
     AnimationOptions animation;
 
+    bool PlayByPlayResults = true, ChartMode = false;
+
+    // The game is told in words; only these two together silence it.
+    bool Narrated() const { return PlayByPlayResults || !ChartMode; }
+    // Seconds that a result stays on its chart. A chart that is hidden keeps nobody waiting.
+    int ResultSeconds() const { return HideChartDuringGame ? 0 : PlayResultDelay; }
+
     bool ComputerPlaysBoth() const {
         return computer[Side::Visitor].game && computer[Side::Visitor].subs && computer[Side::Home].game &&
                computer[Side::Home].subs;

@@ -81,14 +81,17 @@ GameSession::~GameSession() = default;
 
 Reject GameSession::Start() {
     if (resumed_) {
-        text_.WelcomeBack(Data(), state_, toldBefore_);
+        if (options_.Narrated())
+            text_.WelcomeBack(Data(), state_, toldBefore_);
+        else
+            text_.Note(toldBefore_);
         Settle();
         return Reject::None;
     }
     state_.computer = options_.computer;
     const Reject reject = StartGame(Data(), setup_->lineup[Side::Visitor], setup_->lineup[Side::Home], state_);
     if (reject != Reject::None) return reject;
-    text_.Welcome(Data(), state_);
+    if (options_.Narrated()) text_.Welcome(Data(), state_);
     arrived_ = state_.sheet == SheetCode::P;
     Settle();
     return Reject::None;
@@ -97,7 +100,7 @@ Reject GameSession::Start() {
 void GameSession::OnEvent(const GameData& data, const GameState& state, const GameEvent& event) {
     sheet_.OnEvent(data, state, event);
     if (quiet_) return;
-    text_.OnEvent(data, state, event);
+    if (options_.Narrated()) text_.OnEvent(data, state, event);
     for (Onlooker* onlooker : onlookers_) onlooker->OnEvent(data, state, event);
     if (event.kind == EventKind::Message && !SpectatorMode) Remember(data, state, event);
 }

@@ -125,7 +125,7 @@ void PaintName(QPainter& painter, const QRectF& area, const QFont& plain) {
 
 void ParkPicture::SetPicture(const QString& file) {
     const QPixmap picture(file);
-    if (!picture.isNull()) own_ = picture;
+    if (!picture.isNull() || file.isEmpty()) own_ = picture;
     update();
 }
 

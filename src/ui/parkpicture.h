@@ -13,7 +13,7 @@ class ParkPicture : public QWidget {
   public:
     explicit ParkPicture(QWidget* parent = nullptr) : QWidget(parent) {}
 
-    // Uses the file if it can be read; else keeps what it shows.
+    // Uses the file if it can be read; else keeps what it shows. No file at all brings the drawn park back.
     void SetPicture(const QString& file);
 
   protected:

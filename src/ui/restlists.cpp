@@ -51,12 +51,15 @@ std::optional<RestFault> FindRestFault(const std::array<RestChoice, 5>& choices)
     for (std::size_t i = 0; i < choices.size(); ++i) {
         const RestChoice& row = choices[i];
         if (row.from > 0 && row.to > 0 && row.to < row.from)
-            return RestFault{i, "Invalid IP Range - Must be equal or greater than From Setting."};
-        if ((row.from > 0) != (row.to > 0)) return RestFault{i, "Invalid IP Range - Both To and From must be set."};
+            return RestFault{i, RestList::To, "Invalid IP Range - Must be equal or greater than From Setting."};
+        if ((row.from > 0) != (row.to > 0))
+            return RestFault{i, row.from > 0 ? RestList::To : RestList::From,
+                             "Invalid IP Range - Both To and From must be set."};
         if (row.from == 0) continue;
-        if (i > 0 && row.from != choices[i - 1].to + 1)
-            return RestFault{i, "Invalid IP Range - Must be 1/3 Inning greater than previous To Setting."};
-        if (row.days == 0) return RestFault{i, "Please specify number of Days Rest."};
+        if (i > 0 && (choices[i - 1].to == 0 || row.from != choices[i - 1].to + 1))
+            return RestFault{i, RestList::From,
+                             "Invalid IP Range - Must be 1/3 Inning greater than previous To Setting."};
+        if (row.days == 0) return RestFault{i, RestList::Days, "Please specify number of Days Rest."};
     }
     return std::nullopt;
 }

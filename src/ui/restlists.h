@@ -25,8 +25,10 @@ RestChoice ChoiceOf(const PitcherRestRow& row);
 PitcherRestRow RowOf(const RestChoice& choice, char pitcherType);
 
 // What is wrong with the five brackets of a role, from the first to the last, and in which of them.
+enum class RestList { From, To, Days };
 struct RestFault {
     std::size_t row = 0;
+    RestList list = RestList::From;  // the one to mend
     std::string text;
 };
 std::optional<RestFault> FindRestFault(const std::array<RestChoice, 5>& choices);

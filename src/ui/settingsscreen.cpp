@@ -1,11 +1,15 @@
 #include "ui/settingsscreen.h"
 
+#include <QAbstractItemView>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFrame>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
+
+#include "base/error.h"
 
 namespace tarvane {
 
@@ -44,8 +48,8 @@ SettingsScreen::SettingsScreen(const QString& title, std::string subject, std::s
     row->addStretch(1);
     save_ = MakeCommand("chkSave", tr("&Save Changes"), "primary", row);
     connect(save_, &QPushButton::clicked, this, [this] { Save(); });
-    auto* leave = MakeCommand("chkCancel", tr("&Close Window"), "", row);
-    connect(leave, &QPushButton::clicked, this, &QWidget::close);
+    leave_ = MakeCommand("chkCancel", tr("&Close Window"), "", row);
+    connect(leave_, &QPushButton::clicked, this, &QWidget::close);
     page->addLayout(row);
     save_->setEnabled(false);
 }
@@ -68,7 +72,13 @@ void SettingsScreen::Take() {
 }
 
 bool SettingsScreen::Save() {
-    if (!Store()) return false;
+    try {
+        if (!Store()) return false;
+    } catch (const UserError& failure) {  // what was changed is still on the screen: he can try again
+        services_.dialogs.Warn(failure.what(), boxTitle_);
+        return false;
+    }
+    if (save_->hasFocus()) leave_->setFocus();
     save_->setEnabled(false);
     status_->setText(tr("Saved."));
     Q_EMIT Saved();
@@ -83,6 +93,16 @@ bool SettingsScreen::MayClose() {
                                                   "Click No to leave this screen and discard changes.",
                                               boxTitle_, true);
     return reply == Reply::No || (reply == Reply::Yes && Save());
+}
+
+void SettingsScreen::keyPressEvent(QKeyEvent* event) {
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    const QWidget* focus = focusWidget();
+    if (enter && qobject_cast<const QPushButton*>(focus) == nullptr &&
+        qobject_cast<const QAbstractItemView*>(focus) == nullptr)
+        save_->click();
+    else
+        Screen::keyPressEvent(event);
 }
 
 void SettingsScreen::Refuse(const std::string& text, QWidget* control) {

@@ -32,8 +32,11 @@ class SettingsScreen : public Screen {
 
   protected:
     bool MayClose() override;
+    // ENTER is the Save button's, except on another button or in a list.
+    void keyPressEvent(QKeyEvent* event) override;
 
-    // Writes what the controls stand for; false, after telling why, if something is wrong with them.
+    // Writes what the controls stand for, all of it or nothing; false, after telling why, if something is wrong with
+    // them. Throws UserError if it can't be written.
     virtual bool Store() = 0;
     // Shows the values in the controls; what was changed and not saved is lost.
     void Show();
@@ -68,7 +71,7 @@ class SettingsScreen : public Screen {
     };
     std::string subject_, boxTitle_;
     std::vector<Bound> bound_;
-    QPushButton* save_;
+    QPushButton *save_, *leave_;
     QLabel* status_;
 };
 

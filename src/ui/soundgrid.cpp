@@ -5,6 +5,8 @@
 #include <QKeyEvent>
 #include <QListWidget>
 
+#include "ui/theme.h"
+
 namespace tarvane {
 
 SoundGrid::SoundGrid(const QString& name, const QStringList& occasions, QWidget* parent)
@@ -30,7 +32,17 @@ SoundGrid::SoundGrid(const QString& name, const QStringList& occasions, QWidget*
 void SoundGrid::SetFile(int row, const QString& file) {
     if (row < 0 || row >= rowCount() || File(row) == file) return;
     item(row, 1)->setText(file);
+    item(row, 1)->setData(Qt::ForegroundRole, {});
+    item(row, 1)->setToolTip({});
     Q_EMIT FileSet();
+}
+
+void SoundGrid::MarkMissing(const QStringList& files) {
+    for (int row = 0; row < rowCount(); ++row) {
+        if (File(row).isEmpty() || files.contains(File(row), Qt::CaseInsensitive)) continue;
+        item(row, 1)->setForeground(theme::kClay);
+        item(row, 1)->setToolTip(tr("%1 is not in the folder of your sound files.").arg(File(row)));
+    }
 }
 
 void SoundGrid::dragEnterEvent(QDragEnterEvent* event) {

@@ -15,6 +15,8 @@ class SoundGrid : public QTableWidget {
 
     QString File(int row) const { return item(row, 1)->text(); }
     void SetFile(int row, const QString& file);
+    // Shows which sounds are not among these files; their names stay.
+    void MarkMissing(const QStringList& files);
 
   Q_SIGNALS:
     void FileSet();

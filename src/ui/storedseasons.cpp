@@ -92,6 +92,8 @@ GameOptions OptionsFrom(Session& session) {
     options.PlayResultDelay = settings.PlayResultDelay;
     if (!settings.DefaultChartType.empty()) options.DefaultChartType = settings.DefaultChartType.front();
     options.QuickPlayMode = settings.QuickPlayMode;
+    options.PlayByPlayResults = settings.PlayByPlayResults;
+    options.ChartMode = settings.ChartMode;
     options.sounds = SoundsFrom(session);
     options.animation = {settings.GameAnimation, settings.BaseRunnerAnimation, settings.GameAnimationLite,
                          settings.GameAniSpeed2};

@@ -17,6 +17,12 @@ std::optional<UserColors> ColorsOf(std::int32_t back, std::int32_t fore) {
     return UserColors{ColorOf(back), ColorOf(fore)};
 }
 
+void BeginPair(std::int32_t& back, std::int32_t& fore, const UserColors& house) {
+    if (back != 0 || fore != 0) return;
+    back = StoredColor(house.back);
+    fore = StoredColor(house.fore);
+}
+
 UserLook LookFrom(const GameSettings& settings) {
     static const GameSettings house;
     UserLook look;

@@ -19,6 +19,9 @@ struct UserColors {
 };
 std::optional<UserColors> ColorsOf(std::int32_t back, std::int32_t fore);
 
+// A colour for one of a pair that has none of its own yet: the other one keeps what is seen.
+void BeginPair(std::int32_t& back, std::int32_t& fore, const UserColors& house);
+
 // What the user changed of the look of the screens.
 struct UserLook {
     std::optional<UserColors> scoreBoard, playByPlay, reports, mainGrids;

@@ -231,5 +231,115 @@ TEST_F(Preferences, SoundsArePutOnOccasionsAndTakenAway) {
     EXPECT_EQ(LoadGameSettings(session->Common()).Sound[24], "");
 }
 
+TEST_F(Preferences, AFaultOfTheRestRangesNamesItsRowAndLeadsToItsList) {
+    frmSettingsLeague screen(*session, outside.Get());
+    screen.show();
+    Click(screen, "chkRestDefaults");
+    const struct {
+        const char *list, *text, *row;
+    } faults[]{{"cmbIPFromR3", "5.0", "Relievers, row 3."},
+               {"cmbIPToR2", "1.2", "Relievers, row 2."},
+               {"cmbDaysS4", "", "Starters, row 4."}};
+    for (const auto& fault : faults) {
+        auto& list = In<QComboBox>(screen, fault.list);
+        const int good = list.currentIndex();
+        Choose(screen, fault.list, fault.text);
+        Click(screen, "chkSave");
+        EXPECT_THAT(outside.dialogs.warnings.back().text, HasSubstr(fault.row));
+        EXPECT_EQ(screen.focusWidget(), &list) << fault.list;
+        list.setCurrentIndex(good);
+    }
+    for (const char* list : {"cmbIPFromR1", "cmbIPToR1", "cmbDaysR1"}) Choose(screen, list, "");
+    Choose(screen, "cmbIPFromR2", "0");
+    Click(screen, "chkSave");
+    EXPECT_THAT(outside.dialogs.warnings.back().text, HasSubstr("row 2")) << "no range follows an empty one";
+}
+
+TEST_F(Preferences, EnterSavesAndAStoreThatCannotBeWrittenLosesNothing) {
+    frmSettingsGame screen(*session, outside.Get());
+    screen.show();
+    Click(screen, "chkHideChart");
+    const bool hidden = session->Settings().HideChartDuringGame;
+    In<QLineEdit>(screen, "txtInternetPort").setFocus();
+    QTest::keyClick(&In<QLineEdit>(screen, "txtInternetPort"), Qt::Key_Return);
+    EXPECT_EQ(session->Settings().HideChartDuringGame, !hidden);
+    frmSettingsSound sounds(*session, outside.Get());
+    sounds.show();
+    const bool dice = session->Settings().DiceRollSounds;
+    Click(sounds, "chkDiceRollSounds");
+    session->Common().Execute("ALTER TABLE GamePlaySounds RENAME TO Elsewhere");
+    Click(sounds, "chkSave");
+    EXPECT_THAT(outside.dialogs.warnings, SizeIs(1));
+    EXPECT_TRUE(MaySave(sounds)) << "he can try again";
+    EXPECT_EQ(LoadGameSettings(session->Common()).DiceRollSounds, dice) << "nothing is half-written";
+    EXPECT_EQ(session->Settings().DiceRollSounds, dice);
+    session->Common().Execute("ALTER TABLE Elsewhere RENAME TO GamePlaySounds");
+    Click(sounds, "chkSave");
+    EXPECT_EQ(LoadGameSettings(session->Common()).DiceRollSounds, !dice);
+}
+
+TEST_F(Preferences, AColorKeepsThePartnerThatWasSeenAndAPictureCanGoBack) {
+    std::filesystem::create_directories(session->Paths().BallparkImages());
+    WriteFile(session->Paths().BallparkImages() / "mine.jpg", "x");
+    frmSettingsGame screen(*session, outside.Get());
+    outside.dialogs.color = 0x400000;
+    Click(screen, "cmdReportGridsBack");
+    auto& pictures = In<QListWidget>(screen, "FileList");
+    EXPECT_EQ(pictures.currentRow(), 0);
+    pictures.setCurrentRow(pictures.count() - 1);
+    Click(screen, "chkSave");
+    const GameSettings kept = LoadGameSettings(session->Common());
+    EXPECT_EQ(kept.ReportGridsBackColor, 0x400000);
+    EXPECT_NE(kept.ReportGridsForeColor, 0) << "black would have come unasked";
+    EXPECT_EQ(kept.MainMenuImage, "mine.jpg");
+    pictures.setCurrentRow(0);
+    Click(screen, "chkSave");
+    EXPECT_EQ(LoadGameSettings(session->Common()).MainMenuImage, "");
+}
+
+// A watched game waits while its settings are open, and goes on by the new ones.
+TEST_F(Preferences, AGameRestsWhileItsSettingsAreOpen) {
+    demo::DemoSeasons invented;
+    GameOptions options = OptionsFrom(*session);
+    options.ComputerMgrAutoClick = options.PromptSpectatorMode = true;
+    options.computer = {{SideControl{true, true, true}, SideControl{true, true, true}}};
+    options.PlayResultDelay = 0;
+    outside.dialogs.defaultReply = Reply::Yes;  // he watches
+    frmGame game(invented.Setup(), options, 5, outside.Get());
+    ASSERT_TRUE(game.Session().SpectatorMode);
+    game.UseSettings(*session);
+    game.show();
+    for (int i = 0; i < 20; ++i) QApplication::processEvents();
+    Click(game, "chkSettings");
+    ASSERT_FALSE(game.isVisible());
+    const std::string told = game.Session().RunningText();
+    EXPECT_THAT(told, HasSubstr("Welcome"));
+    for (int i = 0; i < 50; ++i) QApplication::processEvents();
+    EXPECT_EQ(game.Session().RunningText(), told) << "nothing is played behind the settings";
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (auto* screen = qobject_cast<frmSettingsGame*>(window); screen != nullptr && screen->isVisible())
+            screen->close();
+    EXPECT_TRUE(game.isVisible());
+    EXPECT_NE(game.Session().RunningText(), told);
+}
+
+TEST_F(Preferences, AHiddenChartKeepsNobodyWaitingAndAGameCanBeSilent) {
+    GameSettings& settings = session->Settings();
+    settings.PlayResultDelay = 3;
+    settings.HideChartDuringGame = false;
+    EXPECT_EQ(OptionsFrom(*session).ResultSeconds(), 3);
+    settings.HideChartDuringGame = true;
+    EXPECT_EQ(OptionsFrom(*session).ResultSeconds(), 0);
+    demo::DemoSeasons invented;
+    for (const bool words : {true, false}) {
+        settings.PlayByPlayResults = words;
+        settings.ChartMode = true;
+        GameSession game(invented.Setup(), OptionsFrom(*session), 7);
+        game.Start();
+        for (int i = 0; i < 10; ++i) game.Roll();
+        EXPECT_EQ(game.RunningText().empty(), !words);
+    }
+}
+
 }  // namespace
 }  // namespace tarvane
