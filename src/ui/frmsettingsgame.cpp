@@ -290,8 +290,8 @@ void frmSettingsGame::AddPicture(QBoxLayout* to) {
     card->addWidget(hint);
     auto* seen = new ParkPicture;
     seen->setObjectName(QStringLiteral("imgPreview"));
-    seen->setMinimumSize(120, 90);
-    card->addWidget(seen, 1);
+    seen->setFixedHeight(110);
+    card->addWidget(seen);
     connect(pictures_, &QListWidget::currentRowChanged, this, [this, seen] {
         GameSettings chosen;
         chosen.MainMenuImage = Picture();

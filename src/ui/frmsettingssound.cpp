@@ -100,7 +100,8 @@ void frmSettingsSound::AddSwitches(QBoxLayout* to) {
     AddCheck(between, "chkBetweenInningsSounds", tr("Sounds between Innings"), settings_.BetweenInningsSounds);
     AddCheck(between, "chkBetweenInnRandom", tr("Play List in Random Order"), settings_.BetweeInnRandom);
     QStringList seconds;
-    for (int i = 0; i <= kLongestSound; ++i) seconds.append(QString::number(i));
+    seconds.append(tr("all of it"));
+    for (int i = 1; i <= kLongestSound; ++i) seconds.append(QString::number(i));
     const auto duration = [&](QBoxLayout* card, const char* name, const QString& text, std::int16_t& value) {
         AddList(
             card, name, text, seconds, [&value] { return std::clamp<int>(value, 0, kLongestSound); },

@@ -95,6 +95,20 @@ bool SettingsScreen::MayClose() {
     return reply == Reply::No || (reply == Reply::Yes && Save());
 }
 
+// The commands were made before the controls; the keyboard comes to them last.
+void SettingsScreen::showEvent(QShowEvent* event) {
+    Screen::showEvent(event);
+    if (ordered_) return;
+    ordered_ = true;
+    QWidgetList others;
+    for (QWidget* at = nextInFocusChain(); at != this; at = at->nextInFocusChain())
+        if (at != save_ && at != leave_ && (at->focusPolicy() & Qt::TabFocus) != 0) others.append(at);
+    if (others.isEmpty()) return;
+    setTabOrder(others.back(), save_);
+    setTabOrder(save_, leave_);
+    others.front()->setFocus();
+}
+
 void SettingsScreen::keyPressEvent(QKeyEvent* event) {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     const QWidget* focus = focusWidget();

@@ -32,6 +32,7 @@ class SettingsScreen : public Screen {
 
   protected:
     bool MayClose() override;
+    void showEvent(QShowEvent* event) override;
     // ENTER is the Save button's, except on another button or in a list.
     void keyPressEvent(QKeyEvent* event) override;
 
@@ -72,6 +73,7 @@ class SettingsScreen : public Screen {
     std::string subject_, boxTitle_;
     std::vector<Bound> bound_;
     QPushButton *save_, *leave_;
+    bool ordered_ = false;
     QLabel* status_;
 };
 

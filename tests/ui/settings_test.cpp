@@ -260,6 +260,8 @@ TEST_F(Preferences, EnterSavesAndAStoreThatCannotBeWrittenLosesNothing) {
     screen.show();
     Click(screen, "chkHideChart");
     const bool hidden = session->Settings().HideChartDuringGame;
+    EXPECT_EQ(screen.focusWidget()->objectName(), QStringLiteral("tabs")) << "the keyboard begins at the top";
+    EXPECT_EQ(In<QPushButton>(screen, "chkSave").nextInFocusChain()->objectName(), QStringLiteral("chkCancel"));
     In<QLineEdit>(screen, "txtInternetPort").setFocus();
     QTest::keyClick(&In<QLineEdit>(screen, "txtInternetPort"), Qt::Key_Return);
     EXPECT_EQ(session->Settings().HideChartDuringGame, !hidden);
