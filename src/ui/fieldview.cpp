@@ -2,132 +2,41 @@
 
 #include <QLabel>
 #include <QPainter>
-#include <QPainterPath>
 #include <QStyle>
 #include <algorithm>
-#include <array>
 
+#include "ui/parkpainter.h"
 #include "ui/theme.h"
 
 namespace tarvane {
 
 namespace {
 
-// Where a label stands, as shares of the width and the height.
-struct Spot {
-    const char* name;
-    double x, y;
-};
-constexpr std::array<Spot, 9> kFielderSpots{{{"lblP", 0.5, 0.605},
-                                             {"lblC", 0.5, 0.962},
-                                             {"lbl1B", 0.80, 0.565},
-                                             {"lbl2B", 0.665, 0.45},
-                                             {"lbl3B", 0.20, 0.565},
-                                             {"lblSS", 0.335, 0.45},
-                                             {"lblLF", 0.20, 0.265},
-                                             {"lblCF", 0.5, 0.15},
-                                             {"lblRF", 0.80, 0.265}}};
-constexpr std::array<Spot, 3> kRunnerSpots{
-    {{"lblBR1", 0.765, 0.685}, {"lblBR2", 0.5, 0.375}, {"lblBR3", 0.235, 0.685}}};
-constexpr Spot kLeftBatter{"lblLH", 0.675, 0.865};
-constexpr Spot kRightBatter{"lblRH", 0.325, 0.865};
+constexpr std::array<const char*, 9> kFielderLabels{"lblP",  "lblC",  "lbl1B", "lbl2B", "lbl3B",
+                                                    "lblSS", "lblLF", "lblCF", "lblRF"};
+constexpr std::array<const char*, 3> kRunnerLabels{"lblBR1", "lblBR2", "lblBR3"};
 
-const QColor kDirt{0xB9, 0x79, 0x4C};
-const QColor kChalk{0xFB, 0xF8, 0xEC};
+// Where a label lies as seen from its man, so that no two meet.
+enum class Beside { Below, Above, Left, Right };
+constexpr std::array<Beside, kMenOnField> kBeside{
+    Beside::Below, Beside::Below, Beside::Right, Beside::Right, Beside::Left,  Beside::Left, Beside::Below,
+    Beside::Below, Beside::Below, Beside::Right, Beside::Right, Beside::Above, Beside::Left};
 
-// The field fills its room: places are shares of the width and the height, so that the labels keep clear of one another
-// in any shape of window.
-struct Plan {
-    double width, height;
-    QPointF At(double x, double y) const { return {x * width, y * height}; }
-};
-constexpr double kPlateX = 0.5, kPlateY = 0.885, kBaseX = 0.19, kBaseY = 0.225;
-
-QPointF Plate(const Plan& plan) {
-    return plan.At(kPlateX, kPlateY);
-}
-QPointF FirstBase(const Plan& plan) {
-    return plan.At(kPlateX + kBaseX, kPlateY - kBaseY);
-}
-QPointF SecondBase(const Plan& plan) {
-    return plan.At(kPlateX, kPlateY - 2 * kBaseY);
-}
-QPointF ThirdBase(const Plan& plan) {
-    return plan.At(kPlateX - kBaseX, kPlateY - kBaseY);
-}
-
-// The ground between the foul lines, out to a wall at a share of the way to the edge of the picture.
-QPainterPath Outfield(const Plan& plan, double reach) {
-    const double pole = 2.5 * reach;
-    const QPointF left = plan.At(kPlateX - kBaseX * pole, kPlateY - kBaseY * pole);
-    const QPointF right = plan.At(kPlateX + kBaseX * pole, kPlateY - kBaseY * pole);
-    const double top = kPlateY - 0.92 * reach;
-    QPainterPath path(Plate(plan));
-    path.lineTo(left);
-    path.cubicTo(plan.At(0.5 - 0.30 * reach, top), plan.At(0.5 + 0.30 * reach, top), right);
-    path.closeSubpath();
-    return path;
-}
-
-void PaintGround(QPainter& painter, const Plan& plan) {
-    painter.fillRect(QRectF(0, 0, plan.width, plan.height), QColor(0x1B, 0x49, 0x32));
-    painter.fillPath(Outfield(plan, 1.05), QColor(0x0F, 0x2C, 0x1E));  // the wall
-    painter.fillPath(Outfield(plan, 1.035), kDirt);                    // the warning track
-    const QPainterPath grass = Outfield(plan, 0.97);
-    painter.fillPath(grass, QColor(0x2D, 0x71, 0x47));
-    painter.save();
-    painter.setClipPath(grass);
-    for (int ring = 9; ring > 0; ring -= 2) {
-        const double outer = ring * 0.105;
-        QPainterPath band;
-        band.addEllipse(plan.At(0.5, 0.66), plan.width * outer, plan.height * outer);
-        QPainterPath hole;
-        hole.addEllipse(plan.At(0.5, 0.66), plan.width * (outer - 0.105), plan.height * (outer - 0.105));
-        painter.fillPath(band - hole, QColor(0x34, 0x7D, 0x50));
-    }
-    painter.restore();
-}
-
-void PaintInfield(QPainter& painter, const Plan& plan) {
-    QPainterPath skin;
-    skin.addEllipse(plan.At(0.5, 0.655), plan.width * 0.305, plan.height * 0.325);
-    painter.fillPath(skin & Outfield(plan, 0.9), kDirt);
-    QPainterPath grass(plan.At(0.5, kPlateY - 0.045));
-    grass.lineTo(plan.At(kPlateX + kBaseX - 0.04, kPlateY - kBaseY));
-    grass.lineTo(plan.At(0.5, kPlateY - 2 * kBaseY + 0.05));
-    grass.lineTo(plan.At(kPlateX - kBaseX + 0.04, kPlateY - kBaseY));
-    grass.closeSubpath();
-    painter.fillPath(grass, QColor(0x38, 0x86, 0x57));
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(kDirt);
-    painter.drawEllipse(plan.At(0.5, 0.672), plan.width * 0.035, plan.height * 0.033);
-    painter.drawEllipse(Plate(plan), plan.width * 0.062, plan.height * 0.058);
-}
-
-void PaintLinesAndBases(QPainter& painter, const Plan& plan) {
-    const double size = std::max(4.0, plan.height * 0.013);
-    painter.setPen(QPen(kChalk, std::max(1.4, plan.height * 0.004)));
-    painter.drawLine(Plate(plan), plan.At(kPlateX + kBaseX * 2.42, kPlateY - kBaseY * 2.42));
-    painter.drawLine(Plate(plan), plan.At(kPlateX - kBaseX * 2.42, kPlateY - kBaseY * 2.42));
-    const double box = size * 1.5;
-    for (const double side : {-1.0, 1.0})
-        painter.drawRect(QRectF(Plate(plan).x() + side * size * 2.6 - box / 2, Plate(plan).y() - box, box, box * 2));
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(kChalk);
-    for (const QPointF& base : {FirstBase(plan), SecondBase(plan), ThirdBase(plan)})
-        painter.drawPolygon(QPolygonF{{base + QPointF(0, -size), base + QPointF(size * 1.2, 0), base + QPointF(0, size),
-                                       base + QPointF(-size * 1.2, 0)}});
-    const QPointF plate = Plate(plan);
-    painter.drawPolygon(QPolygonF{{plate + QPointF(-size, -size), plate + QPointF(size, -size),
-                                   plate + QPointF(size, 0), plate + QPointF(0, size), plate + QPointF(-size, 0)}});
-    const QPointF rubber = plan.At(0.5, 0.672);
-    painter.drawRect(QRectF(rubber.x() - size, rubber.y() - 1.5, size * 2, 3));
+double SpotSize(double height) {
+    return std::max(3.5, height * 0.0115);
 }
 
 }  // namespace
 
 FieldView::FieldView(QWidget* parent) : QWidget(parent) {
     setMinimumSize(300, 220);
+}
+
+void FieldView::SetPark(const Ballpark& park) {
+    plan_ = ParkPlan(park);
+    park_ = {};
+    Place();
+    update();
 }
 
 void FieldView::Set(const char* name, const FieldLabel& label, const char* role) {
@@ -143,27 +52,69 @@ void FieldView::Set(const char* name, const FieldLabel& label, const char* role)
 }
 
 void FieldView::SetLabels(const FieldLabels& labels) {
-    for (std::size_t i = 0; i < kFielderSpots.size(); ++i) Set(kFielderSpots[i].name, labels.fielder[i], "fielder");
-    for (std::size_t i = 0; i < kRunnerSpots.size(); ++i) Set(kRunnerSpots[i].name, labels.runner[i], "runner");
-    Set(kLeftBatter.name, labels.leftBatter, "batter");
-    Set(kRightBatter.name, labels.rightBatter, "batter");
+    moment_.reset();
+    for (std::size_t i = 0; i < kFielderLabels.size(); ++i) {
+        Set(kFielderLabels[i], labels.fielder[i], "fielder");
+        there_[i] = !labels.fielder[i].text.empty();
+    }
+    for (std::size_t i = 0; i < kRunnerLabels.size(); ++i) {
+        Set(kRunnerLabels[i], labels.runner[i], "runner");
+        there_[kFirstRunnerMan + i] = !labels.runner[i].text.empty();
+    }
+    Set("lblLH", labels.leftBatter, "batter");
+    Set("lblRH", labels.rightBatter, "batter");
+    batsLeft_ = !labels.leftBatter.text.empty();
+    there_[kBatterMan] = batsLeft_ || !labels.rightBatter.text.empty();
     Place();
+    update();
+}
+
+void FieldView::Show(const std::optional<FieldMoment>& moment) {
+    moment_ = moment;
+    Place();
+    update();
+}
+
+QWidget* FieldView::LabelOf(std::size_t man) const {
+    const char* name = man < kBatterMan    ? kFielderLabels[man]
+                       : man == kBatterMan ? (batsLeft_ ? "lblLH" : "lblRH")
+                                           : kRunnerLabels[man - kFirstRunnerMan];
+    return findChild<QLabel*>(QString::fromLatin1(name));
+}
+
+FieldPoint FieldView::Standing(std::size_t man) const {
+    if (moment_ && moment_->man[man]) return *moment_->man[man];
+    if (man < kBatterMan) return plan_.Fielder(static_cast<Position>(man + 1));
+    if (man == kBatterMan) return ParkPlan::Batter(batsLeft_);
+    return ParkPlan::Base(static_cast<int>(man - kFirstRunnerMan) + 1);
+}
+
+QPointF FieldView::OnWidget(FieldPoint ground) const {
+    const FieldPoint share = ParkPlan::OnPicture(ground);
+    return {share.x * width(), share.y * height()};
 }
 
 void FieldView::Place() {
-    const auto place = [this](const Spot& spot) {
-        auto* label = findChild<QLabel*>(QString::fromLatin1(spot.name));
-        if (label == nullptr) return;
+    const double gap = SpotSize(height()) + 3;
+    for (std::size_t man = 0; man < kMenOnField; ++man) {
+        QWidget* label = LabelOf(man);
+        if (label == nullptr || !there_[man]) continue;
         label->adjustSize();
-        const int left = static_cast<int>(spot.x * width()) - label->width() / 2;
-        const int top = static_cast<int>(spot.y * height()) - label->height() / 2;
-        label->move(std::clamp(left, 2, std::max(2, width() - label->width() - 2)),
-                    std::clamp(top, 2, std::max(2, height() - label->height() - 2)));
-    };
-    for (const Spot& spot : kFielderSpots) place(spot);
-    for (const Spot& spot : kRunnerSpots) place(spot);
-    place(kLeftBatter);
-    place(kRightBatter);
+        label->setVisible(!moment_ || !moment_->gone[man]);
+        const QPointF spot = OnWidget(Standing(man));
+        const double w = label->width(), h = label->height();
+        Beside beside = kBeside[man];
+        if (man == kBatterMan && !batsLeft_) beside = Beside::Left;
+        QPointF at(spot.x() - w / 2, spot.y() - h / 2);
+        switch (beside) {
+            case Beside::Below: at.setY(spot.y() + gap); break;
+            case Beside::Above: at.setY(spot.y() - gap - h); break;
+            case Beside::Left: at.setX(spot.x() - gap - w); break;
+            case Beside::Right: at.setX(spot.x() + gap); break;
+        }
+        label->move(std::clamp(static_cast<int>(at.x()), 2, std::max(2, width() - label->width() - 2)),
+                    std::clamp(static_cast<int>(at.y()), 2, std::max(2, height() - label->height() - 2)));
+    }
 }
 
 void FieldView::resizeEvent(QResizeEvent* event) {
@@ -171,13 +122,53 @@ void FieldView::resizeEvent(QResizeEvent* event) {
     Place();
 }
 
+void FieldView::PaintMen(QPainter& painter) const {
+    const double size = SpotSize(height());
+    for (std::size_t man = 0; man < kMenOnField; ++man) {
+        if (!there_[man] || (moment_ && moment_->gone[man])) continue;
+        const FieldPoint ground = Standing(man);
+        const QPointF spot = OnWidget(ground);
+        const double big = size * (0.55 + 0.45 * ParkPlan::Nearness(ground));
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(QColor(0, 0, 0, 90));
+        painter.drawEllipse(spot + QPointF(0, big * 0.75), big * 1.1, big * 0.5);
+        painter.setPen(QPen(QColor(0x10, 0x24, 0x1B), std::max(1.0, big * 0.25)));
+        painter.setBrush(man < kBatterMan    ? QColor(0xD7, 0xE4, 0xD2)
+                         : man == kBatterMan ? QColor(0xFB, 0xF8, 0xEC)
+                                             : QColor(0xE8, 0xBE, 0x54));
+        painter.drawEllipse(spot, big, big);
+    }
+}
+
+void FieldView::PaintBall(QPainter& painter) const {
+    if (!moment_ || !moment_->ball) return;
+    const QPointF ground = OnWidget(*moment_->ball);
+    const double near = ParkPlan::Nearness(*moment_->ball);
+    const double size = std::max(2.5, height() * 0.0085);
+    const QPointF ball = ground - QPointF(0, moment_->ballHeight * near * height() * 0.0028);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(0, 0, 0, 110));
+    painter.drawEllipse(ground, size * 0.9, size * 0.5);
+    painter.setPen(QPen(QColor(0x8A, 0x1F, 0x1F), 1));
+    painter.setBrush(Qt::white);
+    const double big = size * (1 + moment_->ballHeight * 0.004);
+    painter.drawEllipse(ball, big, big);
+}
+
 void FieldView::paintEvent(QPaintEvent*) {
+    const QSize pixels = size() * devicePixelRatioF();
+    if (park_.size() != pixels) {
+        park_ = QPixmap(pixels);
+        park_.setDevicePixelRatio(devicePixelRatioF());
+        QPainter painter(&park_);
+        painter.setFont(font());
+        ParkPainter(painter, QSizeF(size()), plan_).Paint();
+    }
     QPainter painter(this);
+    painter.drawPixmap(0, 0, park_);
     painter.setRenderHint(QPainter::Antialiasing);
-    const Plan plan{static_cast<double>(width()), static_cast<double>(height())};
-    PaintGround(painter, plan);
-    PaintInfield(painter, plan);
-    PaintLinesAndBases(painter, plan);
+    PaintMen(painter);
+    PaintBall(painter);
 }
 
 }  // namespace tarvane

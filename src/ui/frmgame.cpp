@@ -19,6 +19,7 @@ frmGame::frmGame(GamePtr setup, const GameOptions& options, std::uint64_t seed, 
       services_(services),
       session_(std::move(setup), options, seed),
       sounds_(session_, seed),
+      watcher_(session_.Data()),
       ui_(std::make_unique<Ui::frmGame>()) {
     Build();
 }
@@ -29,6 +30,7 @@ frmGame::frmGame(const SavedGame& saved, const std::filesystem::path& file, cons
       services_(services),
       session_(saved, options, seed),
       sounds_(session_, seed),
+      watcher_(session_.Data()),
       ui_(std::make_unique<Ui::frmGame>()),
       secondsBefore_(saved.seconds),
       saveFile_(file),
@@ -39,7 +41,11 @@ frmGame::frmGame(const SavedGame& saved, const std::filesystem::path& file, cons
 
 void frmGame::Build() {
     session_.AddOnlooker(sounds_);
+    session_.AddOnlooker(watcher_);
     ui_->setupUi(this);
+    show_ = std::make_unique<PlayShow>(*ui_->fraField, services_.sound);
+    connect(show_.get(), &PlayShow::Ended, this, &frmGame::ResultStays);
+    ui_->fraField->SetPark(session_.Data().park);
     SetUpGrids();
     BuildSettingsMenu();
     ConnectControls();
@@ -119,6 +125,10 @@ void frmGame::ConnectControls() {
 // --- Clicks ----------------------------------------------------------------------------------------------------------
 
 void frmGame::Play() {
+    if (show_->Running()) {
+        show_->Skip();
+        return;
+    }
     if (pause_.isActive() || shown_ == Shown::Previous) {
         services_.sound.Beep();
         return;
@@ -202,9 +212,14 @@ void frmGame::RunQuickPlay(int throughInning, bool spectator) {
 void frmGame::AfterInput() {
     const GameOptions& options = session_.Options();
     if (options.DiceRollSounds)
-        services_.sound.Play(BuiltInSounds() /
-                             (session_.LastChart()->secondDiceSound ? "DiceB.wav" : "DiceA.wav"));
+        services_.sound.Play(BuiltInSounds() / (session_.LastChart()->secondDiceSound ? "DiceB.wav" : "DiceA.wav"));
+    if (ShowPlays()) return;
     HearPlays();
+    ResultStays();
+}
+
+void frmGame::ResultStays() {
+    const GameOptions& options = session_.Options();
     if (options.ResultSeconds() == 0) {
         GoOn();
         return;
@@ -214,12 +229,33 @@ void frmGame::AfterInput() {
     Refresh();
 }
 
+// Lets what has happened since the last time move on the field, over the chart and the roll that it came from; what
+// came of it is shown afterwards. False if there is nothing to see.
+bool frmGame::ShowPlays() {
+    const AnimationOptions& animation = session_.Options().animation;
+    std::vector<PlayFacts> plays = watcher_.TakePlays();
+    if (animation.GameAnimationLite) std::erase_if(plays, [](const PlayFacts& play) { return !play.HitOrRun(); });
+    if (!animation.GameAnimation || plays.empty() || !isVisible()) return false;
+    shown_ = Shown::Result;
+    if (const auto& last = session_.LastChart()) ui_->grdActiveChart->SetChart(last->chart, last->roll);
+    ShowDiceAndResult();
+    if (!show_->Start(std::move(plays), sounds_.TakeCues(), animation)) return false;
+    ShowControls();
+    return true;
+}
+
 // The sounds of what has happened follow those that still play.
 void frmGame::HearPlays() {
     for (const SoundCue& cue : sounds_.TakeCues()) services_.sound.PlayNext(cue.file, cue.seconds);
 }
 
 void frmGame::GoOn() {
+    if (ShowPlays()) return;
+    if (RollsAtOnce()) {
+        while (RollsAtOnce() && session_.Roll()) {
+        }
+        return GoOn();
+    }
     shown_ = Shown::Current;
     HearPlays();
     Refresh();
@@ -239,19 +275,18 @@ void frmGame::GoOn() {
         return;
     }
     if (!session_.RollsByItself()) return;
-    if (session_.Options().ResultSeconds() > 0 || session_.SpectatorMode) {
-        if (session_.Roll()) {
-            services_.sound.Stop();
-            HearPlays();
-            shown_ = Shown::Result;
-            pause_.start(session_.Options().ResultSeconds() * 1000);
-            Refresh();
-        }
-        return;
-    }
-    while (session_.RollsByItself() && session_.Roll()) {
-    }
-    GoOn();
+    if (!session_.Roll()) return;
+    services_.sound.Stop();
+    if (ShowPlays()) return;
+    HearPlays();
+    shown_ = Shown::Result;
+    pause_.start(session_.Options().ResultSeconds() * 1000);
+    Refresh();
+}
+
+// The rest of a 1-Click turn at bat, which nobody waits to see sheet by sheet.
+bool frmGame::RollsAtOnce() const {
+    return session_.Options().ResultSeconds() == 0 && !session_.SpectatorMode && session_.RollsByItself();
 }
 
 // Puts what the game awaits of a human to him; false if nothing could be done.

@@ -9,7 +9,9 @@
 #include "ui/gamesession.h"
 #include "ui/gameview.h"
 #include "ui/playedgame.h"
+#include "ui/playshow.h"
 #include "ui/playsounds.h"
+#include "ui/playwatcher.h"
 #include "ui/screen.h"
 #include "ui/services.h"
 
@@ -97,6 +99,9 @@ class frmGame : public Screen {
     void AfterInput();
     void GoOn();
     void HearPlays();
+    bool ShowPlays();
+    void ResultStays();
+    bool RollsAtOnce() const;
     bool AskManager();
     void ChangeLineup(Side side);
     bool Asks(const Question& question);
@@ -115,7 +120,9 @@ class frmGame : public Screen {
     Services services_;
     GameSession session_;
     PlaySounds sounds_;
+    PlayWatcher watcher_;
     std::unique_ptr<Ui::frmGame> ui_;
+    std::unique_ptr<PlayShow> show_;
     QTimer pause_;
     QElapsedTimer clock_;       // since this sitting began
     double secondsBefore_ = 0;  // in earlier sittings

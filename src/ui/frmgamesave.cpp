@@ -18,11 +18,13 @@ bool frmGame::MayClose() {
     // A result that is being shown stays while he thinks.
     const int left = pause_.isActive() ? pause_.remainingTime() : -1;
     pause_.stop();
+    show_->Hold(true);
     const Question question = QuitQuestion(session_.Game());
     const Reply reply = services_.dialogs.Ask(question.text, question.title, true);
     if (reply == Reply::No) GiveUp();
     if (reply == Reply::No || (reply == Reply::Yes && SaveGame())) return true;
     if (left >= 0) pause_.start(left);
+    show_->Hold(false);
     return false;
 }
 

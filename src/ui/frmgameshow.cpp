@@ -117,6 +117,10 @@ void frmGame::BuildSettingsMenu() {
     flag(tr("Confirm Computer Manager S&ubstitutions"), options.DisplayCompMgrChanges);
     flag(tr("Display Play Result C&hances"), options.DisplayChances);
     flag(tr("&Game Play Instruction Banner"), options.ShowBanner);
+    flag(tr("&Animation"), options.animation.GameAnimation);
+    flag(tr("Base &Runner Animation"), options.animation.BaseRunnerAnimation);
+    flag(tr("S&hort Animation"), options.animation.GameAnimationLite);
+    flag(tr("S&ounds of Play"), options.sounds.GameSounds);
     QMenu* delay = settings_->addMenu(tr("&Seconds after a Result"));
     auto* group = new QActionGroup(delay);
     for (int seconds = 0; seconds <= 4; ++seconds) {
@@ -129,8 +133,8 @@ void frmGame::BuildSettingsMenu() {
 }
 
 void frmGame::Refresh() {
-    const FieldLabels labels = MakeFieldLabels(session_.Data(), session_.State());
-    ui_->fraField->SetLabels(labels);
+    if (show_->Running()) return;  // what came of the play is not told before the ball has stopped
+    ui_->fraField->SetLabels(MakeFieldLabels(session_.Data(), session_.State()));
     ShowScoreBoard();
     ShowChart();
     ShowDiceAndResult();
@@ -168,8 +172,10 @@ void frmGame::ShowControls() {
     const QWidget* focus = focusWidget();
     const bool byHand = focus == ui_->cmbManualDice || focus == ui_->cmdManualRoll || focus == ui_->grdActiveChart;
     if (ui_->cmdPlay->isEnabled()) focusOnPlay_ = !byHand;
-    ui_->cmdPlay->setEnabled(controls.play && !quiet);
-    ui_->chkPlay->setEnabled(controls.play && !quiet);
+    // While a play moves on the field the play command ends that.
+    const bool play = (controls.play && !quiet) || show_->Running();
+    ui_->cmdPlay->setEnabled(play);
+    ui_->chkPlay->setEnabled(play);
     ui_->cmdManualRoll->setEnabled(controls.manualRoll && !quiet);
     ui_->cmbManualDice->setEnabled(controls.manualRoll);
     for (QWidget* manual : {static_cast<QWidget*>(ui_->lblInputDiceRoll), static_cast<QWidget*>(ui_->cmbManualDice),

@@ -22,8 +22,9 @@ struct SoundOptions {
 
 // How a play is shown on the field.
 struct AnimationOptions {
-    bool GameAnimation = false, BaseRunnerAnimation = false, GameAnimationLite = false;
-    double GameAniSpeed2 = 1;  // factor of all times: 0.33 fastest to 1.67 slowest
+    bool GameAnimation = false, BaseRunnerAnimation = false;
+    bool GameAnimationLite = false;  // hits and runs only, without the pitch, the throws and the fielders
+    double GameAniSpeed2 = 1;        // factor of all times: 0.33 fastest to 1.67 slowest
 };
 
 // The preferences of the installation that the game screen reads, under the columns' names.

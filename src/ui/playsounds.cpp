@@ -92,7 +92,7 @@ std::vector<SoundCue> PlaySounds::TakeCues() {
 
 void PlaySounds::OneOf(std::initializer_list<const char*> clips, SoundMoment moment) {
     const auto chosen = static_cast<std::size_t>(random_.RandomPercent() - 1) * clips.size() / 100;
-    cues_.push_back({BuiltInSounds() / *(clips.begin() + chosen), moment, 0});
+    cues_.push_back({BuiltInSounds() / *(clips.begin() + chosen), moment, 0, steps_});
 }
 
 void PlaySounds::Crowd(std::initializer_list<const char*> clips) {
@@ -231,7 +231,8 @@ std::filesystem::path PlaySounds::UserFile(const std::string& name) const {
 
 void PlaySounds::User(Side side, const char* event, SoundMoment moment) {
     const auto found = Options().user.find((side == Side::Visitor ? "Visitor" : "Home") + std::string(event));
-    if (found != Options().user.end() && !found->second.empty()) cues_.push_back({UserFile(found->second), moment, 0});
+    if (found != Options().user.end() && !found->second.empty())
+        cues_.push_back({UserFile(found->second), moment, 0, steps_});
 }
 
 void PlaySounds::UserPlay(const GameState& state, const GameEvent& event) {
@@ -302,7 +303,7 @@ void PlaySounds::PlayInningMusic(const GameState& state, Side ended) {
     if (!Options().BetweenInningsSounds || session_.SpectatorMode) return;
     const auto play = [this](const std::string& name) {
         cues_.push_back({UserFile(name), SoundMoment::BetweenInnings,
-                         PlaysWhole(name) ? 0 : static_cast<int>(Options().SoundDuration)});
+                         PlaysWhole(name) ? 0 : static_cast<int>(Options().SoundDuration), steps_});
     };
     if (ended == Side::Visitor && state.Inning == 7 && !Options().SeventhInnStretchSound.empty())
         return play(Options().SeventhInnStretchSound);

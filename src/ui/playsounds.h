@@ -16,6 +16,7 @@ struct SoundCue {
     std::filesystem::path file;
     SoundMoment moment = SoundMoment::Struck;
     int seconds = 0;  // 0: the whole clip
+    int step = 0;     // counts the steps that were watched
     friend bool operator==(const SoundCue&, const SoundCue&) = default;
 };
 
@@ -26,6 +27,7 @@ class PlaySounds : public Onlooker {
     // The session's options are read at every event. For a spectator nothing is played between innings.
     PlaySounds(const GameSession& session, std::uint64_t seed) : session_(session), random_(seed) {}
 
+    void StepBegins(const GameState&) override { ++steps_; }
     void OnEvent(const GameData& data, const GameState& state, const GameEvent& event) override;
 
     // What has been asked for since the last call, in its order.
@@ -58,6 +60,7 @@ class PlaySounds : public Onlooker {
     Random random_;
     std::vector<SoundCue> cues_;
     Songs MusicClipPlayed{};
+    int steps_ = 0;
     bool crowdHeard_ = false;  // on the play that is being told
 };
 
