@@ -56,7 +56,10 @@ void PlayShow::Hear(double seconds) {
                            : cue.moment == SoundMoment::Caught ? moving_->Caught()
                                                                : moving_->Seconds();
         if (seconds < due) return;
-        sound_.PlayNext(cue.file, cue.seconds);
+        if (cue.moment == SoundMoment::Struck)
+            sound_.Play(cue.file);  // the bat doesn't wait for the dice
+        else
+            sound_.PlayNext(cue.file, cue.seconds);
         cues_.pop_front();
     }
 }
