@@ -250,7 +250,7 @@ void frmGame::HearPlays() {
 }
 
 void frmGame::GoOn() {
-    if (ShowPlays()) return;
+    if (show_->Running() || ShowPlays()) return;
     if (RollsAtOnce()) {
         while (RollsAtOnce() && session_.Roll()) {
         }
