@@ -333,9 +333,10 @@ TEST_F(WholeGame, APersonPlaysItByOneClickWithStealsBuntsPinchHitterNewPitcherNe
         outside.dialogs.reminders.clear();
         game = std::make_unique<frmGame>(seasons.Setup(), options, seed, outside.Get());
         game->show();
-        QApplication::processEvents();  // the starter's stamina is rolled for by itself
         for (int clicks = 0; clicks < 5000 && !State().GameOverFlag; ++clicks) {
             ASSERT_EQ(StateOk(game->Session().Data(), State()), "");
+            // A new pitcher's stamina is rolled for by itself, a moment after the screen is back.
+            if (State().sheet == SheetCode::PS) QTest::qWait(1);
             if (State().awaited.kind == Await::LineupChange) {
                 ++(State().awaited.cause == LineupCause::Positions ? positions : injuries);
                 AnswerForced();

@@ -306,6 +306,7 @@ TEST_F(Preferences, AGameRestsWhileItsSettingsAreOpen) {
     options.ComputerMgrAutoClick = options.PromptSpectatorMode = true;
     options.computer = {{SideControl{true, true, true}, SideControl{true, true, true}}};
     options.PlayResultDelay = 0;
+    options.animation.GameAnimation = false;
     outside.dialogs.defaultReply = Reply::Yes;  // he watches
     frmGame game(invented.Setup(), options, 5, outside.Get());
     ASSERT_TRUE(game.Session().SpectatorMode);
@@ -322,7 +323,7 @@ TEST_F(Preferences, AGameRestsWhileItsSettingsAreOpen) {
         if (auto* screen = qobject_cast<frmSettingsGame*>(window); screen != nullptr && screen->isVisible())
             screen->close();
     EXPECT_TRUE(game.isVisible());
-    EXPECT_NE(game.Session().RunningText(), told);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return game.Session().RunningText() != told; })) << "it goes on";
 }
 
 TEST_F(Preferences, AHiddenChartKeepsNobodyWaitingAndAGameCanBeSilent) {
