@@ -30,6 +30,8 @@ void RandomDialogs::Note(const char* what, const std::string& title, const std::
 Reply RandomDialogs::Ask(const std::string& text, const std::string& title, bool offerCancel) {
     Note("asked", title, text);
     if (always) return *always;
+    // A game is long: he mostly stays in it, else nobody would ever see its later innings.
+    if (text.find("quit game") != std::string::npos && random_.Below(20) != 0) return Reply::Cancel;
     // Who is told that his statistics may not fit any more, and wants it so, gets what he wants: nothing to audit.
     if (text.find("become invalid") != std::string::npos) return Reply::Yes;
     return static_cast<Reply>(random_.Below(offerCancel ? 3 : 2));
