@@ -21,6 +21,7 @@
 #include "data/rules.h"
 #include "data/teams.h"
 #include "season/balancedschedule.h"
+#include "season/plannedlineups.h"
 #include "season/seasonplay.h"
 
 namespace tarvane {
@@ -80,6 +81,7 @@ void PrepareSeason(const fs::path& file, const ReplayPlan& plan, const fs::path&
     LeagueRules rules = LoadLeagueRules(season);
     if (rules.TourneyMode)
         throw UserError("a tournament can't be compared with a real season; end the tournament first");
+    if (plan.actualUsage) season.Execute("UPDATE LeagueRules SET FactorActualUsage = -1");
     Statement played = season.Prepare("SELECT count(*), coalesce(sum(Played <> 0), 0) FROM Schedule");
     played.Step();
     if (played.Int(0) == 0) {
@@ -87,11 +89,11 @@ void PrepareSeason(const fs::path& file, const ReplayPlan& plan, const fs::path&
         int year = 0;
         for (const Team& team : teams) year = std::max<int>(year, team.yearID);
         ReplaceSchedule(season, BalancedSchedule(teams, year, GamesOfSchedule(teams)));
+        PlanScheduledLineups(season);
     }
     Silence messages;
     ResetScheduleStats(season, rules, messages);
     ResetLeagueStats(season, rules, documents, messages);
-    if (plan.actualUsage) season.Execute("UPDATE LeagueRules SET FactorActualUsage = -1");
     season.Close();
 }
 

@@ -24,13 +24,37 @@ std::string InsertText() {
 
 }  // namespace
 
-LineupFixer::LineupFixer(Database& season, const std::vector<Team>& teams)
+FixedLineupWriter::FixedLineupWriter(Database& season)
     : season_(season),
-      teams_(teams),
-      players_(season),
       insert_(season.Prepare(InsertText())),
       tie_{{season.Prepare("UPDATE Schedule SET VisitorLineupNbr = ? WHERE GameID = ?"),
             season.Prepare("UPDATE Schedule SET HomeLineupNbr = ? WHERE GameID = ?")}} {}
+
+void FixedLineupWriter::Write(const LineupList& list, std::int64_t gameID, Side side) {
+    insert_.Reset();
+    insert_.Bind(1, list.teamID);
+    insert_.Bind(2, list.LineupName);
+    insert_.Bind(3, std::int64_t{list.playerIDP});
+    insert_.Bind(4, gameID);
+    int at = 5;
+    for (const ListSlot& slot : list.slot) {
+        insert_.Bind(at, std::int64_t{slot.playerID});
+        insert_.Bind(at + 9, std::string(PositionText(slot.position)));
+        insert_.Bind(at + 18, std::string(1, slot.PlayerType));
+        ++at;
+    }
+    insert_.Step();
+    insert_.Reset();
+    Statement& tie = tie_[side];
+    tie.Reset();
+    tie.Bind(1, season_.LastInsertId());
+    tie.Bind(2, gameID);
+    tie.Step();
+    tie.Reset();
+}
+
+LineupFixer::LineupFixer(Database& season, const std::vector<Team>& teams)
+    : teams_(teams), players_(season), writer_(season) {}
 
 void LineupFixer::Fix(const Game& game, const LoggedTeam& logged, ScheduleImportResult& result) {
     const Team* team = FindTeamByIndex(teams_, game.teamIdx);
@@ -38,19 +62,12 @@ void LineupFixer::Fix(const Game& game, const LoggedTeam& logged, ScheduleImport
     LineupList list;
     list.teamID = team->teamID;
     list.LineupName = fmt::format("{} as played", game.date);
-    list.GameID = static_cast<std::int32_t>(game.gameID);
     const bool whole = Fill(team->teamID, logged, list, result);
     if (!whole || (game.dhUsed && !HasDH(list))) {
         ++result.incomplete;
         return;
     }
-    Insert(list);
-    Statement& tie = tie_[game.side];
-    tie.Reset();
-    tie.Bind(1, season_.LastInsertId());
-    tie.Bind(2, game.gameID);
-    tie.Step();
-    tie.Reset();
+    writer_.Write(list, game.gameID, game.side);
     ++result.lineups;
 }
 
@@ -79,23 +96,6 @@ void LineupFixer::NoteMissing(const LoggedMan& man, bool starter, ScheduleImport
         missingAt_.try_emplace(fmt::format("{},{},{}", man.retroID, man.name, starter), result.missing.size());
     if (isNew) result.missing.push_back({man.retroID, man.name, starter, 0});
     ++result.missing[at->second].games;
-}
-
-void LineupFixer::Insert(const LineupList& list) {
-    insert_.Reset();
-    insert_.Bind(1, list.teamID);
-    insert_.Bind(2, list.LineupName);
-    insert_.Bind(3, std::int64_t{list.playerIDP});
-    insert_.Bind(4, std::int64_t{list.GameID});
-    int at = 5;
-    for (const ListSlot& slot : list.slot) {
-        insert_.Bind(at, std::int64_t{slot.playerID});
-        insert_.Bind(at + 9, std::string(PositionText(slot.position)));
-        insert_.Bind(at + 18, std::string(1, slot.PlayerType));
-        ++at;
-    }
-    insert_.Step();
-    insert_.Reset();
 }
 
 }  // namespace tarvane

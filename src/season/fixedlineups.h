@@ -12,6 +12,18 @@
 
 namespace tarvane {
 
+// Writes line-ups that are made for single games, and ties the games to them.
+class FixedLineupWriter {
+  public:
+    explicit FixedLineupWriter(Database& season);
+    void Write(const LineupList& list, std::int64_t gameID, Side side);
+
+  private:
+    Database& season_;
+    Statement insert_;
+    PerSide<Statement> tie_;
+};
+
 // Writes the line-ups of a game log as line-ups fixed for their games.
 class LineupFixer {
   public:
@@ -31,13 +43,10 @@ class LineupFixer {
   private:
     bool Fill(const std::string& teamID, const LoggedTeam& logged, LineupList& list, ScheduleImportResult& result);
     void NoteMissing(const LoggedMan& man, bool starter, ScheduleImportResult& result);
-    void Insert(const LineupList& list);
 
-    Database& season_;
     const std::vector<Team>& teams_;
     LoggedPlayers players_;
-    Statement insert_;
-    PerSide<Statement> tie_;
+    FixedLineupWriter writer_;
     std::map<std::string, std::size_t> missingAt_;  // place in the result's list
 };
 

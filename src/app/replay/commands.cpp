@@ -136,8 +136,9 @@ const std::vector<Command>& Commands() {
          "take a season's games from a Retrosheet schedule file or game log",
          "Which of the two FILE is shows in its lines. Games of clubs that the season doesn't have are left out. Of a "
          "game\n"
-         "log the starting pitchers and batting orders are fixed for their games too.",
-         {{"--no-lineups", "", "take the games of a game log alone"},
+         "log the starting pitchers and batting orders are fixed for their games too. For the other games the line-ups are\n"
+         "planned by how often each man really played, where the season has real statistics and goes by real use.",
+         {{"--no-lineups", "", "take the games alone; the managers make the line-ups on the day"},
           {"--strict", "", "stop at a club that the season doesn't have"},
           kReplace},
          ImportScheduleFile},
@@ -145,9 +146,11 @@ const std::vector<Command>& Commands() {
          "NAME",
          1,
          "make a season a balanced schedule from April to September",
-         "Each team meets the others of its league as often, at home and away, in series.",
+         "Each team meets the others of its league as often, at home and away, in series. Line-ups are planned as for\n"
+         "import-schedule.",
          {{"--games", "N", "games of each team; 154 without it"},
           {"--year", "Y", "the year, when it isn't that of the teams"},
+          {"--no-lineups", "", "the managers make the line-ups on the day"},
           kReplace},
          MakeSchedule},
         {"export-schedule",

@@ -11,6 +11,7 @@
 #include "data/teams.h"
 #include "installation.h"
 #include "season/balancedschedule.h"
+#include "season/plannedlineups.h"
 #include "season/scheduleimport.h"
 
 namespace tarvane::replay {
@@ -71,6 +72,10 @@ void TellImport(const ScheduleImportResult& result, bool gameLog) {
                    man.starter ? " as starting pitcher" : "", man.games, man.games == 1 ? "game" : "games");
 }
 
+void TellPlanned(int lineups) {
+    if (lineups > 0) fmt::print("{} line-ups planned by the men's real use\n", lineups);
+}
+
 // The year that the teams played in, the latest of them.
 int YearOf(const std::vector<Team>& teams) {
     constexpr int kFirstYear = 1871;
@@ -91,8 +96,13 @@ int ImportScheduleFile(const Context& context, const Options& options) {
     choice.leaveOutUnknown = !options.Has("--strict");
     choice.lineups = !options.Has("--no-lineups");
     ScheduleImportResult result;
-    WithSchedule(installation, options, season, [&] { result = ImportSchedule(season, file, choice); });
+    int planned = 0;
+    WithSchedule(installation, options, season, [&] {
+        result = ImportSchedule(season, file, choice);
+        if (choice.lineups) planned = PlanScheduledLineups(season);
+    });
     TellImport(result, file.gameLog && choice.lineups);
+    TellPlanned(planned);
     return 0;
 }
 
@@ -104,8 +114,13 @@ int MakeSchedule(const Context& context, const Options& options) {
     const int year = asked != 0 ? static_cast<int>(asked) : YearOf(teams);
     const auto games = static_cast<int>(options.Number("--games", kUsualGames, 1, kMostGames));
     const std::vector<NewGame> schedule = BalancedSchedule(teams, year, games);
-    WithSchedule(installation, options, season, [&] { ReplaceSchedule(season, schedule); });
+    int planned = 0;
+    WithSchedule(installation, options, season, [&] {
+        ReplaceSchedule(season, schedule);
+        if (!options.Has("--no-lineups")) planned = PlanScheduledLineups(season);
+    });
     fmt::print("{} games scheduled from {} to {}\n", schedule.size(), schedule.front().date, schedule.back().date);
+    TellPlanned(planned);
     return 0;
 }
 
