@@ -46,6 +46,8 @@ Adjustment UsualAdjustment() {
 Adjustment NextAdjustment(const Adjustment& now, const EraTable& facts, std::int32_t eraID, const Counts& real,
                           const Counts& replay, const Openness& open, double gain) {
     constexpr double kLeastStrikeouts = 0.3;
+    // Below zero everybody is hit more often than his record says: what pitchers' cards keep from reaching his.
+    constexpr double kFewestHitBatsmen = -1.5;
     const auto fact = [&](const char* column) { return facts.Fact(eraID, column); };
     const SheetRates rates = facts.RatesOf(eraID);
     Adjustment next = now;
@@ -54,7 +56,7 @@ Adjustment NextAdjustment(const Adjustment& now, const EraTable& facts, std::int
     next.BBAvg = Moved(now.BBAvg, fact("BBAvg"), PerPA(real, Figure::BB), PerPA(replay, Figure::BB), kWalksPerBaseline,
                        gain, 0.3, 2);
     next.HBPRate = Moved(now.HBPRate, fact("HBPRate"), PerPA(real, Figure::HBP), PerPA(replay, Figure::HBP),
-                         kHitBatsmenPerBaseline, gain, 0, 4);
+                         kHitBatsmenPerBaseline, gain, kFewestHitBatsmen, 4);
     next.RBIAvg = std::clamp(
         now.RBIAvg + gain * (PerGame(replay, Figure::R) / PerGame(real, Figure::R) - 1) / kRunsPerRBIBaseline, 0.0,
         3.0);
