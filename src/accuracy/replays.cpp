@@ -89,7 +89,7 @@ void PrepareSeason(const fs::path& file, const ReplayPlan& plan, const fs::path&
         int year = 0;
         for (const Team& team : teams) year = std::max<int>(year, team.yearID);
         ReplaceSchedule(season, BalancedSchedule(teams, year, GamesOfSchedule(teams)));
-        PlanScheduledLineups(season);
+        if (GoesByRealUse(season)) PlanScheduledLineups(season);
     }
     Silence messages;
     ResetScheduleStats(season, rules, messages);

@@ -119,7 +119,6 @@ int Planner::PlanNines(Club& club, FixedLineupWriter& writer) {
 }
 
 int Planner::Plan() {
-    if (rules_.IgnoreSchedLineups || !rules_.FactorActualUsage || rules_.TourneyMode) return 0;
     Load();
     PlanStaffs();
     FixedLineupWriter writer(season_);
@@ -130,6 +129,13 @@ int Planner::Plan() {
 }
 
 }  // namespace
+
+bool GoesByRealUse(Database& season) {
+    const LeagueRules rules = LoadLeagueRules(season);
+    if (!rules.FactorActualUsage || rules.IgnoreSchedLineups || rules.TourneyMode) return false;
+    Statement known = season.Prepare("SELECT EXISTS (SELECT 1 FROM LahmanBatting WHERE AB > 0)");
+    return known.Step() && known.Int(0) != 0;
+}
 
 int PlanScheduledLineups(Database& season) {
     Transaction transaction(season);

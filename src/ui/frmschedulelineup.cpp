@@ -10,6 +10,8 @@
 #include "base/error.h"
 #include "base/file.h"
 #include "data/lineups.h"
+#include "data/rules.h"
+#include "season/plannedlineups.h"
 #include "season/scheduleedit.h"
 #include "ui/gridfit.h"
 #include "ui/qtext.h"
@@ -53,6 +55,7 @@ frmScheduleLineup::frmScheduleLineup(Session& session, Services services, QWidge
     connect(ui_->chkScheduleLineup, &QPushButton::clicked, this, &frmScheduleLineup::ScheduleLineup);
     connect(ui_->lstLineups, &QListWidget::itemActivated, this, &frmScheduleLineup::ScheduleLineup);
     connect(ui_->chkRemoveLineup, &QPushButton::clicked, this, [this] { Fix(0); });
+    connect(ui_->chkPlan, &QPushButton::clicked, this, &frmScheduleLineup::Plan);
     connect(ui_->chkImport, &QPushButton::clicked, this, &frmScheduleLineup::Import);
     connect(ui_->chkCancel, &QPushButton::clicked, this, &QWidget::close);
     TeamChosen();
@@ -69,7 +72,10 @@ void frmScheduleLineup::TeamChosen() {
     ui_->lstLineups->clear();
     const Team* team = TeamInHand();
     if (team == nullptr) return;
+    int place = 0;
     for (const LineupList& list : LoadTeamLineups(session_.Seasons().Season(), team->teamID)) {
+        // Behind the club's own lists stand those made for single games, which are for no other.
+        if (++place > kLineupsPerTeam && list.GameID != 0) continue;
         if (list.LineupType != 'L' || !HasMen(list)) continue;
         auto* line = new QListWidgetItem(QText(list.LineupName), ui_->lstLineups);
         line->setData(Qt::UserRole, list.lineupID);
@@ -156,6 +162,25 @@ void frmScheduleLineup::Import() {
     book_.Load();
     TeamChosen();
     ui_->lblProgress->setText(QText(told));
+}
+
+void frmScheduleLineup::Plan() {
+    if (services_.dialogs.Ask("Plan the lineups of all teams by how often each man really played? Lineups that are "
+                              "scheduled already stay.\nClick Yes to plan the lineups, otherwise Click No.",
+                              kLineupTitle) != Reply::Yes)
+        return;
+    Database& season = session_.Seasons().Season();
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    const int planned = PlanScheduledLineups(season);
+    QGuiApplication::restoreOverrideCursor();
+    book_.Load();
+    TeamChosen();
+    ui_->lblProgress->setText(QText(planned > 0 ? fmt::format("{} lineups planned.", planned)
+                                                : "Nothing to plan: every un-played game has its lineups, or the "
+                                                  "season has no real statistics."));
+    if (planned > 0 && LoadLeagueRules(season).IgnoreSchedLineups)
+        services_.dialogs.Warn("The rule \"Ignore Scheduled Lineups\" is on: these lineups aren't used until it is off.",
+                               kLineupTitle);
 }
 
 // Who of the log isn't in the season, in the season's folder.

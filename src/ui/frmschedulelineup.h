@@ -31,6 +31,7 @@ class frmScheduleLineup : public Screen {
     void Fix(std::int32_t lineupID);
     void ScheduleLineup();
     void Import();
+    void Plan();
     void WriteLog(const std::vector<std::string>& lines) const;
 
     struct TeamGame {

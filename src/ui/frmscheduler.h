@@ -45,6 +45,7 @@ class frmScheduler : public Screen {
     // --- Whole schedules ---
     void Import(bool gameLog);
     void MakeBalanced();
+    void OfferPlan(const char* title);
     void Export();
     // Asks before a schedule with games is replaced.
     bool MayReplace(const std::string& text, const std::string& title, const std::string& yes);

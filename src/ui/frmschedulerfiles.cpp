@@ -9,6 +9,7 @@
 #include "base/file.h"
 #include "data/resets.h"
 #include "season/balancedschedule.h"
+#include "season/plannedlineups.h"
 #include "season/scheduleimport.h"
 #include "ui/frmscheduler.h"
 #include "ui/qtext.h"
@@ -131,6 +132,7 @@ void frmScheduler::Import(bool gameLog) {
         ui_->lblProgress->setText(QText(fmt::format("{} games scheduled.", result.games)));
     }
     OfferReset("imported", "any existing", kImportTitle, played);
+    if (result.games > 0) OfferPlan(kImportTitle);
     lastAddDate_.clear();
     Reload();
 }
@@ -155,6 +157,20 @@ void frmScheduler::MakeBalanced() {
     lastAddDate_.clear();
     Reload();
     ui_->lblProgress->setText(QText(fmt::format("{} games scheduled.", games)));
+    OfferPlan(kBalancedTitle);
+}
+
+// A schedule of a season with real statistics is best played with the men who really played.
+void frmScheduler::OfferPlan(const char* title) {
+    Database& season = session_.Seasons().Season();
+    if (!GoesByRealUse(season) ||
+        services_.dialogs.Ask("Plan the lineups of all games by how often each man really played?\nClick Yes to plan "
+                              "the lineups, otherwise Click No and the managers choose before each game.",
+                              title) != Reply::Yes)
+        return;
+    int planned = 0;
+    if (Try(title, [&] { planned = PlanScheduledLineups(season); }))
+        ui_->lblProgress->setText(ui_->lblProgress->text() + QText(fmt::format(" {} lineups planned.", planned)));
 }
 
 void frmScheduler::Export() {

@@ -14,6 +14,7 @@
 #include "manager/roster.h"
 #include "postingseason.h"
 #include "season/balancedschedule.h"
+#include "season/plannedlineups.h"
 #include "season/realstats.h"
 #include "season/seasonaudit.h"
 
@@ -153,13 +154,31 @@ void ExpectAuditFinds(Database& season) {
     ExpectBalance(season);
 }
 
+// With line-ups planned by real use nearly every regular bats about as often as he really did.
+void ExpectRealUse(Database& season) {
+    Statement men = season.Prepare(
+        "SELECT b.AB, l.AB FROM KorvBatters b JOIN LahmanBatting l ON l.playerID = b.LahmanPlayerID AND l.KorvTeamID = "
+        "b.teamID WHERE l.AB >= 300");
+    int regulars = 0, near = 0;
+    while (men.Step()) {
+        const double share = static_cast<double>(men.Int(0)) / static_cast<double>(men.Int(1));
+        ++regulars;
+        near += share >= 0.88 && share <= 1.12;
+    }
+    EXPECT_GT(regulars, 50);
+    EXPECT_GT(near, regulars * 8 / 10) << "of " << regulars;
+}
+
 TEST(WholeSeason, OfTheSampleLeague) {
     const auto made = testing::MakeScheduledSeason(0);
     Database& season = *made->season;
     const std::vector<NewGame> games = BalancedSchedule(LoadTeamList(season, {}), kSampleYear);
     ASSERT_EQ(games.size(), 16U * kUsualGames / 2);
     ReplaceSchedule(season, games);
+    EXPECT_EQ(PlanScheduledLineups(season), static_cast<int>(2 * games.size()));
+    EXPECT_EQ(PlanScheduledLineups(season), 0) << "what is fixed already isn't planned again";
     PlayAll(*made, games.size());
+    ExpectRealUse(season);
     ExpectTopBattersOfTheTables(season);
     ExpectAuditFinds(season);
 }
@@ -171,7 +190,10 @@ TEST(WholeSeason, OfARealYear) {
     const std::filesystem::path real = folder;
     testing::PlayableSeason made(real / "lahman" / "csv", 1975);
     const ScheduleFile file = ParseScheduleFile(ReadFile(real / "retrosheet" / "schedules" / "1975SKED.TXT"), "1975");
-    PlayAll(made, static_cast<std::size_t>(ImportSchedule(*made.season, file).games));
+    const int games = ImportSchedule(*made.season, file).games;
+    PlanScheduledLineups(*made.season);
+    PlayAll(made, static_cast<std::size_t>(games));
+    ExpectRealUse(*made.season);
 }
 
 }  // namespace

@@ -15,9 +15,9 @@ namespace tarvane::calibrate {
 
 namespace {
 
-constexpr std::array<double Adjustment::*, 6> kFactors{&Adjustment::AvgHBFP, &Adjustment::AvgSOBFP,
-                                                       &Adjustment::BBAvg,   &Adjustment::HBPRate,
-                                                       &Adjustment::RBIAvg,  &Adjustment::Errors};
+constexpr std::array<double Adjustment::*, 7> kFactors{
+    &Adjustment::AvgHBFP, &Adjustment::AvgSOBFP, &Adjustment::AvgHRBFP, &Adjustment::BBAvg,
+    &Adjustment::HBPRate, &Adjustment::RBIAvg,   &Adjustment::Errors};
 constexpr std::array<double ChartWishes::*, 4> kWishes{&ChartWishes::Doubles, &ChartWishes::Triples, &ChartWishes::HR,
                                                        &ChartWishes::SO};
 constexpr const char* kPositions[] = {"P", "C", "1B", "2B", "3B", "SS", "OF"};
@@ -96,7 +96,7 @@ void WriteAdjustments(const std::filesystem::path& file, const Adjustments& adju
     std::string text =
         "# What tarvane-calibrate found for each league and year: factors of the facts in EraFacts.csv that the\n"
         "# generators measure players against, and by what share the year chart is to change doubles and so on.\n"
-        "EraId,AvgHBFP,AvgSOBFP,BBAvg,HBPRate,RBIAvg,Errors,Doubles,Triples,HR,SO,Chart\n";
+        "EraId,AvgHBFP,AvgSOBFP,AvgHRBFP,BBAvg,HBPRate,RBIAvg,Errors,Doubles,Triples,HR,SO,Chart\n";
     for (const auto& [id, a] : adjustments) {
         text += fmt::format("{}", id);
         for (const auto member : kFactors) text += fmt::format(",{:.4f}", a.*member);
@@ -128,6 +128,7 @@ ChangedRow EraTable::Adjusted(std::int32_t eraID, const Adjustment& a) const {
     const auto scale = [&](const std::string& column, double factor) { row[column] = Fact(eraID, column) * factor; };
     scale("AvgHBFP", a.AvgHBFP);
     scale("AvgSOBFP", a.AvgSOBFP);
+    scale("AvgHRBFP", a.AvgHRBFP);
     scale("BBAvg", a.BBAvg);
     scale("HBPRate", a.HBPRate);
     scale("RBIAvg", a.RBIAvg);
@@ -145,7 +146,7 @@ void EraTable::WriteSeed(const std::filesystem::path& file, const Adjustments& a
     }
     WriteSeedTable(file, facts_,
                    "Calibrated by tarvane-calibrate, so that a replayed season comes out as the real one: AvgHBFP, "
-                   "AvgSOBFP, BBAvg, HBPRate, RBIAvg, the ...ErrorsRate and the chart.",
+                   "AvgSOBFP, AvgHRBFP, BBAvg, HBPRate, RBIAvg, the ...ErrorsRate and the chart.",
                    changed);
 }
 

@@ -16,6 +16,7 @@ namespace tarvane::calibrate {
 struct Adjustment {
     double AvgHBFP = 1;   // above 1: pitchers count as better, and hits fall
     double AvgSOBFP = 1;  // above 1: fewer strikeouts
+    double AvgHRBFP = 1;  // below 1: more pitchers turn hits into home runs, each by his own record
     double BBAvg = 1;     // above 1: fewer walks
     double HBPRate = 1;   // above 1: fewer hit batsmen
     double RBIAvg = 1;    // above 1: fewer sacrifice flies and outs that move runners, and so fewer runs

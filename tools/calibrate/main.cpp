@@ -1,9 +1,9 @@
 // Works out the year charts and baselines of seasons from the real rates and our own games, and writes the seed table.
 //
 // For each year the season is made from the Lahman tables as a user makes it and replayed by computer managers, and what
-// is measured moves the rows of the year's leagues (yearfit.h): the pitchers' baselines give hits
-// and strikeouts, the batters' walks and hit batsmen, the runs-batted-in baseline runs (it doubles the outs that bring
-// runners home), the fielders' errors, and the chart doubles, triples and home runs, which it makes of singles or turns
+// is measured moves the rows of the year's leagues (yearfit.h): the pitchers' baselines give hits,
+// strikeouts and home runs, the batters' walks and hit batsmen, the runs-batted-in baseline runs (it doubles the outs that bring
+// runners home), the fielders' errors, and the chart doubles and triples, which it makes of singles or turns
 // into them. Replays have fixed seeds; a step shrinks as the noise of the games begins to count. Of the later
 // rounds the one that came nearest is kept. A year takes about a minute of a processor.
 
@@ -31,7 +31,7 @@ constexpr const char* kUsage =
     "           play the seeds as they are and show the rates\n"
     "       tarvane-calibrate apply   write the seeds of eras and parks from the facts and the adjustments as they are\n";
 
-constexpr int kReplays[] = {1, 2, 3, 4, 6, 8};  // by round
+constexpr int kReplays[] = {1, 2, 3, 4, 6, 8, 10};  // by round
 constexpr int kFirstKept = 3;                     // the first round whose replays are enough to judge by
 constexpr int kCheckReplays = 10;
 

@@ -10,7 +10,7 @@ namespace {
 // By how much the replayed rate changes with what the generators measure against; found by trials with one value
 // changed. They need not be exact: the iteration ends where nothing is left to change.
 constexpr double kHitsPerBaseline = -0.6, kStrikeoutsPerBaseline = -0.6, kWalksPerBaseline = -0.8,
-                 kHitBatsmenPerBaseline = -0.5, kRunsPerRBIBaseline = 0.04;
+                 kHomeRunsPerBaseline = -0.25, kHitBatsmenPerBaseline = -0.5, kRunsPerRBIBaseline = 0.04;
 
 // The factor that takes a rate from where it is to where it shall be, within limits.
 double Moved(double factor, double fact, double real, double replay, double perBaseline, double gain, double lowest,
@@ -36,16 +36,18 @@ double Wish(double effect, double fact, double real, double replay, double gain)
 Adjustment UsualAdjustment() {
     Adjustment usual;
     usual.AvgSOBFP = 0.8;
+    usual.AvgHRBFP = 0.3;
     usual.BBAvg = 0.95;
     usual.HBPRate = 0.5;
     usual.Errors = 0.8;
-    usual.chart = {0.15, -0.1, 0.15, 0};
+    usual.chart = {0.2, -0.1, 0, 0};
     return usual;
 }
 
 Adjustment NextAdjustment(const Adjustment& now, const EraTable& facts, std::int32_t eraID, const Counts& real,
                           const Counts& replay, const Openness& open, double gain) {
     constexpr double kLeastStrikeouts = 0.3;
+    constexpr double kMostHomeRunBaseline = 2, kLeastWish = 0.01;
     // Below zero everybody is hit more often than his record says: what pitchers' cards keep from reaching his.
     constexpr double kFewestHitBatsmen = -1.5;
     const auto fact = [&](const char* column) { return facts.Fact(eraID, column); };
@@ -69,7 +71,16 @@ Adjustment NextAdjustment(const Adjustment& now, const EraTable& facts, std::int
         Wish(effect.Doubles, rates.Doubles, PerPA(real, Figure::Doubles), PerPA(replay, Figure::Doubles), gain);
     next.chart.Triples =
         Wish(effect.Triples, rates.Triples, PerPA(real, Figure::Triples), PerPA(replay, Figure::Triples), gain);
-    next.chart.HR = Wish(effect.HR, rates.HR, PerPA(real, Figure::HR), PerPA(replay, Figure::HR), gain);
+    // Home runs come from the pitchers' own records as long as these can give them; they go by each man, and without the
+    // coarse steps of a chart. What is still missing then, or too many, the chart gives or takes.
+    next.chart.HR = now.AvgHRBFP <= 0 || now.AvgHRBFP >= kMostHomeRunBaseline
+                        ? Wish(effect.HR, rates.HR, PerPA(real, Figure::HR), PerPA(replay, Figure::HR), gain)
+                        : 0;
+    if (std::abs(next.chart.HR) < kLeastWish) {
+        next.chart.HR = 0;
+        next.AvgHRBFP = Moved(now.AvgHRBFP, fact("AvgHRBFP"), PerPA(real, Figure::HR), PerPA(replay, Figure::HR),
+                              kHomeRunsPerBaseline, gain, 0, kMostHomeRunBaseline);
+    }
     // Once the pitchers' baseline has reached its end the chart gives the strikeouts that are still missing.
     next.chart.SO =
         now.AvgSOBFP <= kLeastStrikeouts

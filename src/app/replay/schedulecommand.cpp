@@ -99,7 +99,7 @@ int ImportScheduleFile(const Context& context, const Options& options) {
     int planned = 0;
     WithSchedule(installation, options, season, [&] {
         result = ImportSchedule(season, file, choice);
-        if (choice.lineups) planned = PlanScheduledLineups(season);
+        if (choice.lineups && GoesByRealUse(season)) planned = PlanScheduledLineups(season);
     });
     TellImport(result, file.gameLog && choice.lineups);
     TellPlanned(planned);
@@ -117,7 +117,7 @@ int MakeSchedule(const Context& context, const Options& options) {
     int planned = 0;
     WithSchedule(installation, options, season, [&] {
         ReplaceSchedule(season, schedule);
-        if (!options.Has("--no-lineups")) planned = PlanScheduledLineups(season);
+        if (!options.Has("--no-lineups") && GoesByRealUse(season)) planned = PlanScheduledLineups(season);
     });
     fmt::print("{} games scheduled from {} to {}\n", schedule.size(), schedule.front().date, schedule.back().date);
     TellPlanned(planned);
