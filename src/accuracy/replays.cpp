@@ -82,6 +82,7 @@ void PrepareSeason(const fs::path& file, const ReplayPlan& plan, const fs::path&
     if (rules.TourneyMode)
         throw UserError("a tournament can't be compared with a real season; end the tournament first");
     if (plan.actualUsage) season.Execute("UPDATE LeagueRules SET FactorActualUsage = -1");
+    if (plan.ownLineups) season.Execute("UPDATE LeagueRules SET IgnoreSchedLineups = -1");
     Statement played = season.Prepare("SELECT count(*), coalesce(sum(Played <> 0), 0) FROM Schedule");
     played.Step();
     if (played.Int(0) == 0) {

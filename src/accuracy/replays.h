@@ -12,6 +12,7 @@ struct ReplayPlan {
     int replays = 1;
     int workers = 0;           // processes at a time; 0: as many as there are processors
     bool actualUsage = false;  // whatever the season's rule says; false leaves the rule as it is
+    bool ownLineups = false;   // the managers', made on the day; else those fixed for the games, where there are any
 };
 
 // Plays the season's schedule from its first game so many times, each replay on a fresh copy in a temporary folder,

@@ -160,5 +160,25 @@ TEST_F(Editor, AStoredLineupIsFixedForAGameAndTakenBack) {
     EXPECT_EQ(Number("SELECT count(*) FROM Lineups"), lists);
 }
 
+TEST_F(Editor, LineupsArePlannedByRealUseForWhoeverHasNone) {
+    frmScheduleLineup lineups(*session, outside.Get());
+    auto* stored = Find<QListWidget>("lstLineups", &lineups);
+    auto* games = Find<QTableWidget>("grdGames", &lineups);
+    const int own = stored->count();
+    stored->setCurrentRow(0);
+    games->selectRow(0);
+    Find<QPushButton>("chkScheduleLineup", &lineups)->click();
+    const QString chosen = games->item(0, 2)->text();
+    outside.dialogs.replies = {Reply::No};
+    Find<QPushButton>("chkPlan", &lineups)->click();
+    const char* const open = "SELECT count(*) FROM Schedule WHERE VisitorLineupNbr = 0 OR HomeLineupNbr = 0";
+    EXPECT_GT(Number(open), 0);
+    Find<QPushButton>("chkPlan", &lineups)->click();
+    EXPECT_EQ(Number(open), 0);
+    EXPECT_EQ(games->item(0, 2)->text(), chosen) << "what somebody chose stays";
+    EXPECT_THAT(games->item(1, 2)->text().toStdString(), HasSubstr("by real use"));
+    EXPECT_EQ(stored->count(), own) << "lists made for single games aren't offered for others";
+}
+
 }  // namespace
 }  // namespace tarvane

@@ -109,6 +109,7 @@ const std::vector<Command>& Commands() {
          {{"--replays", "N", "play N replays and compare their means"},
           {"--workers", "N", "processes at a time; without it as many as there are processors"},
           {"--actual-usage", "", "managers go by real use in the replays, whatever the season's rule says"},
+          {"--own-lineups", "", "managers make the line-ups on the day, whatever the schedule has fixed"},
           {"--html", "FILE", "write a page with plots, too"},
           {"--overwrite", "", "replace FILE"},
           kCsv,

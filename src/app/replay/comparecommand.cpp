@@ -22,6 +22,7 @@ std::vector<SeasonFigures> ReplaysAsked(Database& common, Database& season, cons
     plan.replays = static_cast<int>(options.Number("--replays", 1, 1, kMostReplays));
     plan.workers = static_cast<int>(options.Number("--workers", 0, 1, 256));
     plan.actualUsage = options.Has("--actual-usage");
+    plan.ownLineups = options.Has("--own-lineups");
     TerminalProgress progress;
     return PlayReplays(common, season, plan, &progress);
 }
