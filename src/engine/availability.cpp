@@ -1,42 +1,37 @@
 #include "engine/availability.h"
 
 #include <algorithm>
+#include <bit>
 
 namespace tarvane {
 
 namespace {
 
-struct RecordKey {
-    const std::string& lahmanID;
-    const std::string& name;
-};
-
-RecordKey KeyOf(const TeamRoster& roster, PlayerRef player) {
+// Nobody's for a record that came after the team was compiled.
+ManIdentity IdentityOf(const TeamData& team, PlayerRef player) {
+    const auto& identities = player.type == 'P' ? team.pitcherIdentity : team.batterIdentity;
     const auto index = static_cast<std::size_t>(player.index);
-    if (player.type == 'P') return {roster.pitchers[index].LahmanPlayerID, roster.pitchers[index].playerName};
-    return {roster.batters[index].LahmanPlayerID, roster.batters[index].playerName};
+    return index < identities.size() ? identities[index] : ManIdentity{};
 }
 
 int RecordCount(const TeamRoster& roster, char type) {
     return static_cast<int>(type == 'P' ? roster.pitchers.size() : roster.batters.size());
 }
 
-bool RecordUsed(const TeamState& team, PlayerRef player) {
-    const auto& mask = player.type == 'P' ? team.pitchersUsedMask : team.battersUsed;
-    const auto index = static_cast<std::size_t>(player.index);
-    return (mask[index / 64] >> (index % 64) & 1U) != 0;
+using UsedMask = decltype(TeamState::battersUsed);
+
+// One of the records that have been in the game is the man's.
+bool AnyUsed(const TeamData& team, const UsedMask& mask, char type, PlayerRef player) {
+    for (std::size_t word = 0; word < mask.size(); ++word)
+        for (std::uint64_t left = mask[word]; left != 0; left &= left - 1) {
+            const auto index = static_cast<std::int16_t>(word * 64 + static_cast<std::size_t>(std::countr_zero(left)));
+            if (SameMan(team, player, {type, index})) return true;
+        }
+    return false;
 }
 
 bool ManUsed(const GameData& data, const TeamState& team, Side side, PlayerRef player) {
-    const TeamData& roster = data[side];
-    for (const char type : {'B', 'P'}) {
-        const int count = std::min(RecordCount(roster.roster, type), kMaxRosterRecords);
-        for (int i = 0; i < count; ++i) {
-            const PlayerRef other{type, static_cast<std::int16_t>(i)};
-            if (RecordUsed(team, other) && SameMan(roster, player, other)) return true;
-        }
-    }
-    return false;
+    return AnyUsed(data[side], team.battersUsed, 'B', player) || AnyUsed(data[side], team.pitchersUsedMask, 'P', player);
 }
 
 bool HasPitched(const GameData& data, const TeamState& team, Side side, PlayerRef player) {
@@ -78,16 +73,17 @@ bool KnownPlayer(const TeamData& team, PlayerRef player) {
 
 const std::string& PlayerName(const TeamData& team, PlayerRef player) {
     static const std::string nobody;
-    return KnownPlayer(team, player) ? KeyOf(team.roster, player).name : nobody;
+    if (!KnownPlayer(team, player)) return nobody;
+    const auto index = static_cast<std::size_t>(player.index);
+    return player.type == 'P' ? team.roster.pitchers[index].playerName : team.roster.batters[index].playerName;
 }
 
 bool SameMan(const TeamData& team, PlayerRef a, PlayerRef b) {
     if (!KnownPlayer(team, a) || !KnownPlayer(team, b)) return false;
     if (a == b) return true;
-    const RecordKey first = KeyOf(team.roster, a);
-    const RecordKey second = KeyOf(team.roster, b);
-    if (!first.lahmanID.empty() && !second.lahmanID.empty()) return first.lahmanID == second.lahmanID;
-    return !first.name.empty() && first.name == second.name;
+    const ManIdentity first = IdentityOf(team, a), second = IdentityOf(team, b);
+    if (first.key != 0 && second.key != 0) return first.key == second.key;
+    return first.name != 0 && first.name == second.name;
 }
 
 bool IsResting(const Pitcher& pitcher, int dayNumber) {

@@ -1,6 +1,7 @@
 #include "engine/gamedata.h"
 
 #include <algorithm>
+#include <unordered_map>
 
 namespace tarvane {
 
@@ -17,7 +18,20 @@ bool AnyOutCell(const Chart& chart) {
                        [](const Cell& c) { return c.color == CellColor::Red || c.color == CellColor::Blue; });
 }
 
+// Numbers the texts from 1 in the order in which they come.
+class Numbering {
+  public:
+    std::int32_t Of(const std::string& text) {
+        if (text.empty()) return 0;
+        return numbers_.try_emplace(text, static_cast<std::int32_t>(numbers_.size()) + 1).first->second;
+    }
+
+  private:
+    std::unordered_map<std::string, std::int32_t> numbers_;
+};
+
 void CompileTeam(TeamData& team) {
+    CompileIdentities(team);
     team.batterCharts.clear();
     for (const Batter& b : team.roster.batters)
         team.batterCharts.push_back(
@@ -44,6 +58,17 @@ int TeamData::BatterIndex(std::int32_t playerID) const {
 }
 int TeamData::PitcherIndex(std::int32_t playerID) const {
     return IndexOf(roster.pitchers, playerID);
+}
+
+void CompileIdentities(TeamData& team) {
+    Numbering keys, names;
+    const auto fill = [&](const auto& records, std::vector<ManIdentity>& identities) {
+        identities.clear();
+        for (const auto& record : records)
+            identities.push_back({keys.Of(record.LahmanPlayerID), names.Of(record.playerName)});
+    };
+    fill(team.roster.batters, team.batterIdentity);
+    fill(team.roster.pitchers, team.pitcherIdentity);
 }
 
 void CompileGameData(GameData& data) {

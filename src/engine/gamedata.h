@@ -25,10 +25,16 @@ struct PitcherCharts {
 };
 
 // One team of a game: its roster as loaded and the charts compiled from it, index for index.
+// Who a record is, as numbers that are quick to compare: equal ones mean an equal Lahman key, or an equal name. 0: none.
+struct ManIdentity {
+    std::int32_t key = 0, name = 0;
+};
+
 struct TeamData {
     TeamRoster roster;
     std::vector<BatterCharts> batterCharts;
     std::vector<PitcherCharts> pitcherCharts;
+    std::vector<ManIdentity> batterIdentity, pitcherIdentity;
 
     // Where a record stands in the roster; -1 if it isn't there.
     int BatterIndex(std::int32_t playerID) const;
@@ -56,5 +62,7 @@ struct GameData {
 // Fills every compiled member from the stored ones; call once after loading. Under defensive eras a pitcher's cells for
 // rolls 10 to 15 come from the era at the table, not from his chart.
 void CompileGameData(GameData& data);
+// Of it, who the records are: for line-ups alone.
+void CompileIdentities(TeamData& team);
 
 }  // namespace tarvane

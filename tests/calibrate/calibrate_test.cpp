@@ -93,7 +93,15 @@ TEST(YearFit, MovesAgainstTheErrorAndStaysWithinItsLimits) {
     EXPECT_GT(less.HBPRate, start.HBPRate);
     EXPECT_GT(less.RBIAvg, start.RBIAvg);
     EXPECT_GT(less.Errors, start.Errors);
-    EXPECT_NEAR(less.chart.HR, same.chart.HR - 0.05 * 0.7 / 38 / facts.RatesOf(19751).HR, 1e-9);
+    EXPECT_GT(less.AvgHRBFP, start.AvgHRBFP);
+    EXPECT_EQ(less.chart.HR, 0) << "while the pitchers' own records give the home runs";
+    Adjustment spent = start;
+    spent.AvgHRBFP = 0;
+    Counts fewHomeRuns = real;
+    fewHomeRuns[Figure::HR] = 0.5;
+    const Adjustment more = next(spent, fewHomeRuns);
+    EXPECT_EQ(more.AvgHRBFP, 0);
+    EXPECT_NEAR(more.chart.HR, (0.7 - 0.5) / 38 / facts.RatesOf(19751).HR, 1e-9) << "once they have no more to give";
     // Far too few strikeouts: the baseline goes to its end, and only then the chart strikes batters out.
     Counts fewStrikeouts = real;
     fewStrikeouts[Figure::SO] = 1;
@@ -164,6 +172,28 @@ TEST(Seed, ReplaysRealSeasons) {
             }
         }
     }
+}
+
+// Ten clubs from ten years meet in one league with the charts of one of them: not like any season, but within reason.
+TEST(Seed, HoldsClubsOfTenYearsTogether) {
+    const char* data = std::getenv("TARVANE_REAL_DATA");
+    if (data == nullptr) GTEST_SKIP() << "TARVANE_REAL_DATA names no folder of real statistics";
+    const Scratch scratch;
+    Laboratory lab(scratch.path / "data", AssetsPath() / "seeds", fs::path(data) / "lahman" / "csv");
+    lab.MakeSeason({{1912, "BOS"}, {1927, "NYA"}, {1936, "NY1"}, {1955, "BRO"}, {1961, "NYA"},
+                    {1968, "DET"}, {1975, "CIN"}, {1985, "SLN"}, {1998, "SEA"}, {2019, "HOU"}});
+    Counts real, replay;
+    for (const auto& [league, counts] : lab.Replay(3, 0)) {
+        const Counts was = lab.Real(league);
+        for (std::size_t figure = 0; figure < kCounts; ++figure)
+            for (const auto& [from, to] : {std::pair{&was, &real}, std::pair{&counts, &replay}})
+                if (const auto& count = (*from)[static_cast<Figure>(figure)])
+                    to->Add(static_cast<Figure>(figure), *count);
+    }
+    for (const LeagueRate& rate : LeagueRates())
+        if (rate.per == Figure::PA || rate.figure == Figure::R) {
+            EXPECT_NEAR(*RateOf(rate, replay) / *RateOf(rate, real), 1, 0.25) << rate.name;
+        }
 }
 
 }  // namespace

@@ -20,6 +20,7 @@ class BoxGame {
         data.rules.UseParkEffects = data.rules.UseYearEffects = false;
         for (const Side side : kBothSides) {
             FillRoster(data.team[side].roster, side);
+            CompileIdentities(data.team[side]);
             const LineupInput lineup = StartingLineup(side);
             for (std::size_t i = 0; i < 9; ++i) {
                 state[side].lineup[i].player = lineup.player[i];

@@ -215,6 +215,7 @@ TEST(BoxScore, FullLinesStopRecording) {
     game.data.team[H].roster.batters.resize(kMaxRosterRecords);
     for (std::size_t i = 14; i < kMaxRosterRecords; ++i)
         game.data.team[H].roster.batters[i].playerName = std::to_string(i);
+    CompileIdentities(game.data.team[H]);
     for (int man = 14; man < 100; ++man) {
         LineupInput lineup = game.Now(H);
         lineup.player[3] = BoxGame::Man(man);

@@ -92,6 +92,7 @@ TEST(Lineup, StartingChecksInTheirOrder) {
         LineupInput lineup = copy.StartingLineup(H);
         spoil(lineup, copy.data.team[H].roster);
         std::string name;
+        for (const Side side : kBothSides) CompileIdentities(copy.data.team[side]);
         const Reject reject = CheckStartingLineup(copy.data, lineup, &name);
         return std::make_pair(reject, name);
     };
@@ -128,6 +129,7 @@ TEST(Lineup, StartingChecksInTheirOrder) {
 TEST(Lineup, PitcherMayBeHisOwnDesignatedHitter) {
     BoxGame game(true);
     game.data.team[V].roster.pitchers[0].LahmanPlayerID = game.data.team[V].roster.batters[8].LahmanPlayerID;
+    CompileIdentities(game.data.team[V]);
     EXPECT_EQ(CheckStartingLineup(game.data, game.StartingLineup(V)), Reject::None);
     ASSERT_EQ(game.BringIn(V, 3), Reject::None);
     EXPECT_TRUE(InGame(game.data, game.state, V, BoxGame::Arm(0))) << "he still bats";
@@ -137,6 +139,7 @@ TEST(Lineup, PitcherMayBeHisOwnDesignatedHitter) {
 TEST(Lineup, AManRemovedNeverReturns) {
     BoxGame game;
     game.data.team[V].roster.pitchers[7].LahmanPlayerID = "man4";  // man 4 can pitch too
+    CompileIdentities(game.data.team[V]);
     LineupInput lineup = game.Now(V);
     lineup.player[4] = BoxGame::Man(9);
     lineup.position[4] = Position::PH;

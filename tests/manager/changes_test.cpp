@@ -27,6 +27,7 @@ struct LineupGame {
     }
 
     void Start() {
+        for (const Side side : kBothSides) CompileIdentities(data.team[side]);
         for (const Side side : kBothSides) {
             LineupInput lineup;
             lineup.side = side;

@@ -17,11 +17,11 @@ namespace {
 
 constexpr const char* kSeason = "Calibration";
 
-ImportRequest RequestFor(int year, const std::filesystem::path& source) {
+ImportRequest RequestFor(const std::vector<TeamChoice>& teams, const std::filesystem::path& source) {
     ImportRequest request;
     request.seasonName = kSeason;
     request.source = source;
-    request.teams = {{year, {}}};
+    request.teams = teams;
     request.overwrite = true;
     request.lineups.basedOnUsage = true;
     request.generateManagers = GenerateImportedManagers;
@@ -61,8 +61,12 @@ void Laboratory::SetEra(std::int32_t eraID, const ChangedRow& row) {
 }
 
 void Laboratory::MakeSeason(int year) {
+    MakeSeason({{year, {}}});
+}
+
+void Laboratory::MakeSeason(const std::vector<TeamChoice>& teams) {
     season_.reset();
-    ImportSeason(RequestFor(year, source_), paths_, *common_);
+    ImportSeason(RequestFor(teams, source_), paths_, *common_);
     season_ = std::make_unique<Database>(paths_.SeasonFile(kSeason));
     leagues_ = Texts(*season_, "SELECT shortName FROM Leagues ORDER BY lgIdx");
 }

@@ -10,6 +10,7 @@
 #include "core/database.h"
 #include "core/paths.h"
 #include "facttable.h"
+#include "import/teamlist.h"
 
 namespace tarvane::calibrate {
 
@@ -23,8 +24,9 @@ class Laboratory {
     // Era rows for all seasons made from now on.
     void SetEra(std::int32_t eraID, const ChangedRow& row);
 
-    // Makes the season of a year anew. Leagues() are then its leagues.
+    // Makes the season of a year, or of clubs of several years, anew. Leagues() are then its leagues.
     void MakeSeason(int year);
+    void MakeSeason(const std::vector<TeamChoice>& teams);
     const std::vector<std::string>& Leagues() const { return leagues_; }
 
     // Of the league's pitchers, by the batters they really faced; nothing is to be laid on the cells where it is 0.
