@@ -73,13 +73,22 @@ std::size_t CountMen(const std::vector<PitcherRow>& table, char role, std::set<s
     return count;
 }
 
-// A staff of starters only: those of them with a relief record fill the pen to its least size, the last one first.
-void AddSpareRelievers(std::vector<PitcherRow>& relievers, const std::vector<PitcherRow>& table, std::size_t least) {
-    for (auto row = table.rbegin(); row != table.rend() && relievers.size() < least; ++row) {
-        const auto same = [row](const PitcherRow& man) { return man.playerID == row->playerID; };
-        if (row->pitcherType == 'R' && std::none_of(relievers.begin(), relievers.end(), same))
-            relievers.push_back(*row);
-    }
+// A staff of starters only: those of them with a relief record fill the pen to its least size, the last one first; then,
+// as in the years when there were no relievers, starters outside the rotation and at last its own last men.
+void AddSpareRelievers(std::vector<PitcherRow>& relievers, const std::vector<PitcherRow>& table,
+                       const std::vector<PitcherRow>& rotation, std::size_t least) {
+    const auto add = [&](const PitcherRow& row) {
+        const auto same = [&row](const PitcherRow& man) { return man.name == row.name; };
+        if (relievers.size() < least && std::none_of(relievers.begin(), relievers.end(), same)) relievers.push_back(row);
+    };
+    const auto starts = [&](const PitcherRow& row) {
+        return std::any_of(rotation.begin(), rotation.end(), [&](const PitcherRow& man) { return man.name == row.name; });
+    };
+    for (auto row = table.rbegin(); row != table.rend(); ++row)
+        if (row->pitcherType == 'R') add(*row);
+    for (const PitcherRow& row : table)
+        if (row.pitcherType == 'S' && !starts(row)) add(row);
+    for (auto row = rotation.rbegin(); row != rotation.rend(); ++row) add(*row);
 }
 
 }  // namespace
@@ -104,7 +113,7 @@ void GeneratePitchers(TeamRoster& roster, const GenerateOptions& options, const 
 
     if (usage) SortPitchers(table, {kGames, kIPOuts, kSaves});
     auto relievers = TakeMen(table, 'R', kMen, taken);
-    if (relievers.size() < kLeastRelievers) AddSpareRelievers(relievers, table, kLeastRelievers);
+    if (relievers.size() < kLeastRelievers) AddSpareRelievers(relievers, table, starters, kLeastRelievers);
     if (options.relievers) WriteMen(EnsureList(roster, 'R'), relievers);
 }
 

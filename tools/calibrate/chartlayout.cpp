@@ -69,7 +69,7 @@ struct Task {
 // How far off a chart is. Triples may miss by more than the others; a fuller chart must earn its cells. Strikeouts are
 // the year's alone, and singles the park's: the year has better means for them.
 double Miss(const Labels& labels, const Task& task) {
-    constexpr double kTriplesTolerance = 2.5, kCellCost = 1e-7;
+    constexpr double kTriplesTolerance = 2.5, kCellCost = 1e-6;
     const ChartWishes e = AsShares(SumOf(labels, task.rates, task.open), task.rates);
     const ChartWishes& w = task.wishes;
     const double last = task.kind == ChartKind::Year ? e.SO - w.SO : e.Singles - w.Singles;

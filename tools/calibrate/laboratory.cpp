@@ -77,7 +77,7 @@ Openness Laboratory::OpennessOf(const std::string& league) {
         const auto cell = static_cast<std::size_t>(roll - kFirstRoll);
         if (kUsualOpenness[cell] == 0) continue;
         Statement query = season_->Prepare(fmt::format(
-            "SELECT sum(l.BFP * (p.pitch{0}Color = {1} AND p.pitch{0} IN (' ', '(HR)', 'HR'))) * 1.0 / sum(l.BFP) FROM "
+            "SELECT sum(l.BFP * (p.pitch{0}Color = {1} AND p.pitch{0} IN (' ', '(HR)'))) * 1.0 / sum(l.BFP) FROM "
             "KorvPitchers p JOIN LahmanPitching l ON l.playerID = p.LahmanPlayerID AND l.KorvTeamID = p.teamID WHERE "
             "l.lgID = ?",
             roll, kGreenWord));
