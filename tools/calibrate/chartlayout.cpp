@@ -66,16 +66,18 @@ struct Task {
     const Openness& open;
 };
 
-// How far off a chart is. Triples may miss by more than the others; a fuller chart must earn its cells. Strikeouts are
+// How far off a chart is. Triples may miss by more than the others; a fuller chart must earn its cells, a
+// year's more, as the parks' charts lie beside it and the two don't add up on the same roll. Strikeouts are
 // the year's alone, and singles the park's: the year has better means for them.
 double Miss(const Labels& labels, const Task& task) {
-    constexpr double kTriplesTolerance = 2.5, kCellCost = 1e-6;
+    constexpr double kTriplesTolerance = 2.5;
+    const double cellCost = task.kind == ChartKind::Year ? 1e-6 : 1e-7;
     const ChartWishes e = AsShares(SumOf(labels, task.rates, task.open), task.rates);
     const ChartWishes& w = task.wishes;
     const double last = task.kind == ChartKind::Year ? e.SO - w.SO : e.Singles - w.Singles;
     double miss = std::pow(e.Doubles - w.Doubles, 2) + std::pow((e.Triples - w.Triples) / kTriplesTolerance, 2) +
                   std::pow(e.HR - w.HR, 2) + std::pow(last, 2);
-    for (std::size_t cell = 0; cell < kChartRows; ++cell) miss += labels[cell] != 0 ? kCellCost * kCellWeight[cell] : 0;
+    for (std::size_t cell = 0; cell < kChartRows; ++cell) miss += labels[cell] != 0 ? cellCost * kCellWeight[cell] : 0;
     return miss;
 }
 
