@@ -149,9 +149,10 @@ TEST_F(SeasonWords, ScheduleFilesOfAllKindsOfLines) {
     std::erase(other, '\r');
     std::erase(other, '"');
     std::ofstream(odd, std::ios::binary) << other;
-    for (const fs::path& path : {odd, file}) {
-        const Outcome taken = Run("import-schedule L " + path.string());
-        EXPECT_EQ(taken.out, "64 games scheduled\n") << taken.err;
+    for (const auto& [path, words] : {std::pair{odd, " --no-lineups"}, std::pair{file, ""}}) {
+        const Outcome taken = Run("import-schedule L " + path.string() + words);
+        const std::string planned = path == file ? "128 line-ups planned by the men's real use\n" : "";
+        EXPECT_EQ(taken.out, "64 games scheduled\n" + planned) << taken.err;
         EXPECT_EQ(Run("schedule-report L --csv").out, report);
         EXPECT_EQ(Run("export-schedule L " + (folder_ / "again.txt").string() + " --overwrite").code, 0);
         EXPECT_EQ(ReadAll(folder_ / "again.txt"), lines);

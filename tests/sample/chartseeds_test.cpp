@@ -112,9 +112,9 @@ TEST(ChartSeeds, FieldingPlaces) {
 }
 
 TEST(ChartSeeds, YellowX) {
-    ExpectRows("KorvYellowXChartBasic", {{{"yH", 36}, {"yWP", 148}, {"yPB", 16}, {"yBK", 16}}});
+    ExpectRows("KorvYellowXChartBasic", {{{"yH", 26}, {"yWP", 157}, {"yPB", 17}, {"yBK", 16}}});
     ExpectRows("KorvYellowXChartInjuries",
-               {{{"yH", 36}, {"yWP", 118}, {"yPB", 14}, {"yBK", 12}, {"rI", 36}},
+               {{{"yH", 26}, {"yWP", 127}, {"yPB", 15}, {"yBK", 12}, {"rI", 36}},
                 {{"wP", 60},
                  {"wC", 28},
                  {"w1B", 16},
