@@ -1,7 +1,7 @@
 #include "engine/gamedata.h"
 
 #include <algorithm>
-#include <unordered_map>
+#include <map>
 
 namespace tarvane {
 
@@ -27,7 +27,7 @@ class Numbering {
     }
 
   private:
-    std::unordered_map<std::string, std::int32_t> numbers_;
+    std::map<std::string, std::int32_t> numbers_;
 };
 
 void CompileTeam(TeamData& team) {
