@@ -143,11 +143,36 @@ TEST(Seed, IsWhatTheFactsAndTheAdjustmentsGive) {
     const Adjustments adjustments = ReadAdjustments(kTools / "EraAdjustments.csv");
     EXPECT_GE(adjustments.size(), 40U);
     EraTable(kTools / "EraFacts.csv").WriteSeed(scratch.path / "KorvYears.csv", adjustments);
-    WriteParkSeed(scratch.path / "KorvBallparks.csv", FactTable(kTools / "ParkFacts.csv"),
+    const ParkFences fences(kTools / "ParkFences.csv");
+    WriteParkSeed(scratch.path / "KorvBallparks.csv", FactTable(kTools / "ParkFacts.csv"), fences,
                   FactTable(kTools / "EraFacts.csv"));
     for (const char* seed : {"KorvYears.csv", "KorvBallparks.csv"})
         EXPECT_TRUE(ReadWhole(scratch.path / seed) == ReadWhole(AssetsPath() / "seeds" / seed))
             << seed << ": run tarvane-calibrate apply";
+}
+
+TEST(ParkFences, AreThoseOfTheYearAndNoneThatNoParkHad) {
+    const Scratch scratch;
+    const std::string head = "Stadium,LOCATION,From,To,LFFence,AlleyLF,CFFence,AlleyRF,RFFence\n";
+    const auto read = [&](const std::string& lines) {
+        std::ofstream(scratch.path / "f.csv") << "# comment\n" << head << lines;
+        return ParkFences(scratch.path / "f.csv");
+    };
+    const ParkFences fences = read("A Park,\"Town, MA\",1912,1933,321,,468,,314\nA Park,\"Town, MA\",1934,1950,312,379,389,380,334\n");
+    EXPECT_EQ(fences.Of("A Park", "Town, MA", 1933), (ParkFences::Distances{{"LFFence", 321}, {"CFFence", 468}, {"RFFence", 314}}));
+    EXPECT_EQ(fences.Of("A Park", "Town, MA", 1934).size(), 5U);
+    EXPECT_TRUE(fences.Of("A Park", "Town, MA", 1951).empty());
+    EXPECT_TRUE(fences.Of("A Park", "Elsewhere", 1934).empty());
+    for (const char* bad : {"A,B,1912,1911,321,,,,\n", "A,B,1912,1913,32,,,,\n", "A,B,1912,1913,3210,,,,\n",
+                            "A,B,1912,1913,321,,,,\nA,B,1913,1914,321,,,,\n", "A,B,1912,1913,321\n"})
+        EXPECT_THROW(read(bad), UserError) << bad;
+    // Every line of the real table is of a park and a year that the table of parks has.
+    const ParkFences real(kTools / "ParkFences.csv");
+    const FactTable parks(kTools / "ParkFacts.csv");
+    int known = 0;
+    for (const auto& [id, row] : parks.rows)
+        known += !real.Of(row.at("Stadium"), row.at("LOCATION"), static_cast<int>(parks.Number(id, "yearID"))).empty();
+    EXPECT_GT(known, static_cast<int>(parks.rows.size()) * 9 / 10);
 }
 
 // The bound of each rate and twice the noise of the games played here.

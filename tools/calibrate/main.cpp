@@ -43,6 +43,7 @@ struct Files {
     std::filesystem::path Adjusted() const { return tools / "EraAdjustments.csv"; }
     std::filesystem::path Seed() const { return seeds / "KorvYears.csv"; }
     std::filesystem::path Parks() const { return tools / "ParkFacts.csv"; }
+    std::filesystem::path Fences() const { return tools / "ParkFences.csv"; }
     std::filesystem::path ParkSeed() const { return seeds / "KorvBallparks.csv"; }
 };
 
@@ -156,7 +157,8 @@ void Run(std::vector<std::string> words) {
     if (source == "apply" && words.empty()) {
         const Files files;
         EraTable(files.Facts()).WriteSeed(files.Seed(), ReadAdjustments(files.Adjusted()));
-        return WriteParkSeed(files.ParkSeed(), FactTable(files.Parks()), FactTable(files.Facts()));
+        return WriteParkSeed(files.ParkSeed(), FactTable(files.Parks()), ParkFences(files.Fences()),
+                             FactTable(files.Facts()));
     }
     const bool check = !words.empty() && words.front() == "check";
     if (check) words.erase(words.begin());

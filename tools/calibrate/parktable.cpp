@@ -22,10 +22,14 @@ ChartWishes ParkWishes(const FactTable& parks, std::int32_t parkID) {
             wish("SinglesRate", kSinglesUp, kSinglesDown)};
 }
 
-void WriteParkSeed(const std::filesystem::path& file, const FactTable& parks, const FactTable& eras) {
+void WriteParkSeed(const std::filesystem::path& file, const FactTable& parks, const ParkFences& fences,
+                   const FactTable& eras) {
     std::map<std::int32_t, ChangedRow> changed;
     for (const auto& [id, row] : parks.rows) {
-        const auto combined = static_cast<std::int32_t>(parks.Number(id, "yearID")) * 10;
+        const int year = static_cast<int>(parks.Number(id, "yearID"));
+        for (const auto& [column, feet] : fences.Of(row.at("Stadium"), row.at("LOCATION"), year))
+            changed[id][column] = std::int64_t{feet};
+        const auto combined = static_cast<std::int32_t>(year * 10);
         ChartCells chart;
         if (eras.rows.contains(combined))
             chart = LayChart(ChartKind::Park, ParkWishes(parks, id), SheetRatesOf(eras, combined), kUsualOpenness);
@@ -33,7 +37,8 @@ void WriteParkSeed(const std::filesystem::path& file, const FactTable& parks, co
             chart.fill(EffectCell(" "));
         AddChart(chart, changed[id]);
     }
-    WriteSeedTable(file, parks, "The charts are laid by tarvane-calibrate, so that each gives its park's factors.", changed);
+    WriteSeedTable(file, parks, "The charts are laid by tarvane-calibrate, so that each gives its park's factors; the "
+                   "distances are those of tools/calibrate/ParkFences.csv.", changed);
 }
 
 }  // namespace tarvane::calibrate
