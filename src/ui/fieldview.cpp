@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "ui/parkpainter.h"
+#include "ui/qtext.h"
 #include "ui/theme.h"
 
 namespace tarvane {
@@ -34,7 +35,10 @@ FieldView::FieldView(QWidget* parent) : QWidget(parent) {
 
 void FieldView::SetPark(const Ballpark& park) {
     plan_ = ParkPlan(park);
-    park_ = {};
+    park_ = own_ = {};
+    map_.reset();
+    if (!park.imagePath.empty() && own_.load(QText(park.imagePath)))
+        map_ = GroundMap::Fit(KnownPlaces(park, plan_, own_.width(), own_.height()));
     Place();
     update();
 }
@@ -90,7 +94,7 @@ FieldPoint FieldView::Standing(std::size_t man) const {
 }
 
 QPointF FieldView::OnWidget(FieldPoint ground) const {
-    const FieldPoint share = ParkPlan::OnPicture(ground);
+    const FieldPoint share = map_ ? map_->OnPicture(ground) : ParkPlan::OnPicture(ground);
     return {share.x * width(), share.y * height()};
 }
 
@@ -162,7 +166,11 @@ void FieldView::paintEvent(QPaintEvent*) {
         park_.setDevicePixelRatio(devicePixelRatioF());
         QPainter painter(&park_);
         painter.setFont(font());
-        ParkPainter(painter, QSizeF(size()), plan_).Paint();
+        painter.setRenderHint(QPainter::SmoothPixmapTransform);
+        if (own_.isNull())
+            ParkPainter(painter, QSizeF(size()), plan_).Paint();
+        else
+            painter.drawPixmap(rect(), own_);
     }
     QPainter painter(this);
     painter.drawPixmap(0, 0, park_);

@@ -6,12 +6,14 @@
 #include <optional>
 
 #include "ui/gameview.h"
+#include "ui/groundmap.h"
 #include "ui/playtimeline.h"
 
 namespace tarvane {
 
 // The ball field from above, and on it the men: a spot where each stands, and beside it his label, which is a child
 // named lblP to lblRF, lblLH and lblRH at the plate and lblBR1 to lblBR3 at the bases.
+// A park of which the user has a picture lies on that.
 class FieldView : public QWidget {
     Q_OBJECT
 
@@ -40,7 +42,9 @@ class FieldView : public QWidget {
     void PaintBall(QPainter& painter) const;
 
     ParkPlan plan_;
-    QPixmap park_;  // as painted last, for the size that it has
+    QPixmap own_;                   // the user's picture of the park; null: it is drawn
+    std::optional<GroundMap> map_;  // how the ground lies on it; none: as on the drawn one
+    QPixmap park_;                  // as painted last, for the size that it has
     bool batsLeft_ = false;
     std::array<bool, kMenOnField> there_{};
     std::optional<FieldMoment> moment_;

@@ -9,6 +9,7 @@
 #include "ui/frmboxscore.h"
 #include "ui/frmgame.h"
 #include "ui/names.h"
+#include "ui/ownpicture.h"
 #include "ui/qtext.h"
 #include "ui/theme.h"
 #include "ui_frmgame.h"
@@ -69,6 +70,8 @@ void HeadCell(QTableWidget* grid, int row, int column) {
     grid->item(row, column)->setBackground(QColor(0xE6, 0xDC, 0xBF));
     grid->item(row, column)->setForeground(theme::kInk);
 }
+
+constexpr int kPictureLines = 3;  // of the name beside it
 
 }  // namespace
 
@@ -271,6 +274,10 @@ void frmGame::ShowPanel(Side side) {
     const PlayerPanel panel = MakePlayerPanel(session_.Game(), session_.State(), side);
     QLabel* name = side == Side::Visitor ? ui_->lblVisitorPlayer : ui_->lblHomePlayer;
     QTableWidget* grid = side == Side::Visitor ? ui_->grdVisitorPlayer : ui_->grdHomePlayer;
+    QLabel* picture = side == Side::Visitor ? ui_->lblVisitorPicture : ui_->lblHomePicture;
+    const int high = name->fontMetrics().lineSpacing() * kPictureLines;
+    picture->setPixmap(OwnPicture(panel.picture, QSize(high, high)));
+    picture->setVisible(!picture->pixmap().isNull());
     name->setText(QText(panel.team + (panel.pitching ? " pitching\n" : " at bat\n") + panel.name));
     const std::array<const char*, 4> heads{"", "Cmp", "Gm", "Act"};
     for (int column = 0; column < 4; ++column) {

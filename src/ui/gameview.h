@@ -57,6 +57,7 @@ struct PlayerPanel {
     bool pitching = false;
     bool hasReal = false;
     std::vector<std::array<std::string, 4>> rows;
+    std::string picture = {};  // file of the man's photograph; empty if the user has none
 };
 PlayerPanel MakePlayerPanel(const PreparedGame& game, const GameState& state, Side side);
 

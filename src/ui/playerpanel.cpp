@@ -85,12 +85,18 @@ const std::string& LahmanID(const TeamData& team, PlayerRef player) {
     return player.type == 'P' ? team.roster.pitchers[index].LahmanPlayerID : team.roster.batters[index].LahmanPlayerID;
 }
 
+const std::string& PictureOf(const TeamRoster& roster, PlayerRef player) {
+    const auto index = static_cast<std::size_t>(player.index);
+    return player.type == 'P' ? roster.pitchers[index].imagePath : roster.batters[index].imagePath;
+}
+
 PlayerPanel BatterPanel(const PreparedGame& game, const GameState& state, Side side) {
     const LineupSlot& slot = state[side].lineup[static_cast<std::size_t>(state[side].BatterSlot - 1)];
     PlayerPanel panel{
         TeamName(game.data, side), PlayerName(game.data, side, slot.player) + Hand(slot.bats), false, false, {}};
     if (slot.player.Nobody()) return panel;
     const TeamData& team = game.data[side];
+    panel.picture = PictureOf(team.roster, slot.player);
     Fill(panel, {"AB", "R", "H", "HR", "RBI", "BB", "SO", "SB", "Avg"}, SeasonBatting(team, slot.player).Texts(),
          GameBatting(state[side], slot.player).Texts(), RealBattingTexts(game.real[side], LahmanID(team, slot.player)));
     return panel;
@@ -102,6 +108,7 @@ PlayerPanel PitcherPanel(const PreparedGame& game, const GameState& state, Side 
     PlayerPanel panel{
         TeamName(game.data, side), PlayerName(game.data, side, man) + Hand(team.PitcherThrows), true, false, {}};
     if (man.Nobody() || man.type != 'P') return panel;
+    panel.picture = PictureOf(game.data[side].roster, man);
     const PitchingTotals& t = game.data[side].roster.pitchers[static_cast<std::size_t>(man.index)].total;
     const PitchingLine line =
         team.box.PitchersUsed > 0 ? team.box.pitching[team.box.PitchersUsed - 1U] : PitchingLine{};

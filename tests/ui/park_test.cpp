@@ -1,13 +1,16 @@
 #include <gtest/gtest.h>
 
 #include <QImage>
+#include <QLabel>
 #include <QWidget>
 
 #include <cmath>
 
+#include "base/tempfolder.h"
 #include "ui/demo.h"
 #include "ui/fieldview.h"
 #include "ui/frmgame.h"
+#include "ui/groundmap.h"
 
 namespace tarvane {
 namespace {
@@ -77,6 +80,56 @@ TEST(FieldView, TheBiggerParkIsDrawnWithItsFenceFartherOut) {
     const int near = grass(shot(380)), far = grass(shot(480));
     EXPECT_GT(far, 0);
     EXPECT_GT(near, far + 5);
+}
+
+// A view from somewhere else: what is told of some men places everybody and the fence.
+TEST(GroundMap, FollowsFromTheMenThatThePictureTells) {
+    const ParkPlan plan;
+    const auto view = [](FieldPoint ground) {
+        const double depth = 1 + ground.y / 400 + ground.x / 3000;
+        return FieldPoint{0.45 + (ground.x + 0.1 * ground.y) / depth / 700, 0.95 - ground.y / depth / 380};
+    };
+    constexpr int kWidth = 1600, kHeight = 900;
+    Ballpark park;
+    const auto twips = [&](double share, int pixels) { return static_cast<std::int32_t>(std::lround(share * pixels * 15)); };
+    for (std::size_t i = 0; i < 9; ++i) {
+        const FieldPoint at = view(plan.Fielder(static_cast<Position>(i + 1)));
+        park.PosLeft[i] = twips(at.x, kWidth), park.PosTop[i] = twips(at.y, kHeight);
+    }
+    EXPECT_TRUE(KnownPlaces(Ballpark(), plan, kWidth, kHeight).empty());
+    const auto map = GroundMap::Fit(KnownPlaces(park, plan, kWidth, kHeight));
+    ASSERT_TRUE(map);
+    for (const FieldPoint ground : {ParkPlan::Base(1), ParkPlan::Base(4), plan.FencePoint(-45), plan.FencePoint(10)}) {
+        EXPECT_NEAR(map->OnPicture(ground).x, view(ground).x, 0.002);
+        EXPECT_NEAR(map->OnPicture(ground).y, view(ground).y, 0.002);
+    }
+    park.PosLeft.fill(5000);
+    park.PosTop.fill(5000);
+    EXPECT_FALSE(GroundMap::Fit(KnownPlaces(park, plan, kWidth, kHeight))) << "nine men on one spot tell nothing";
+}
+
+TEST(FieldView, TheUsersPicturesOfParkAndPlayersAreShownWhereTheyAre) {
+    const TempFolder folder;
+    const QString file = QString::fromStdString((folder.Path() / "picture.png").string());
+    QImage blue(320, 180, QImage::Format_RGB32);
+    blue.fill(QColor(10, 20, 200));
+    ASSERT_TRUE(blue.save(file));
+    demo::Outside outside;
+    for (const bool there : {true, false}) {
+        auto setup = demo::DemoSeasons().MakeSetup();
+        const std::string path = there ? file.toStdString() : (folder.Path() / "missing.png").string();
+        setup->data.park.imagePath = path;
+        for (Batter& batter : setup->data.team[Side::Visitor].roster.batters) batter.imagePath = path;
+        frmGame game(setup, {}, 1, outside.Get());
+        game.resize(1024, 768);
+        game.show();
+        auto* field = game.findChild<FieldView*>(QStringLiteral("fraField"));
+        const QColor corner = field->grab().toImage().pixelColor(3, 3);
+        EXPECT_EQ(corner == QColor(10, 20, 200), there);
+        EXPECT_EQ(game.findChild<QLabel*>(QStringLiteral("lblVisitorPicture"))->isVisible(), there);
+        EXPECT_FALSE(game.findChild<QLabel*>(QStringLiteral("lblHomePicture"))->isVisible()) << "its men have none";
+        EXPECT_TRUE(outside.dialogs.warnings.empty());
+    }
 }
 
 }  // namespace
