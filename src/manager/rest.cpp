@@ -48,6 +48,7 @@ std::vector<int> GetUnrestedPitchers(const TeamRoster& roster) {
 
 void MakeIneffective(Pitcher& pitcher) {
     constexpr int kLastDefenceRoll = 15, kCatchAllRoll = 38;
+    constexpr int kFirstSingle = 21, kLastSingle = 26;  // 56 of 216 rolls
     for (int roll = kFirstRoll; roll <= kLastRoll; ++roll) {
         ChartCell& cell = pitcher.pitch[static_cast<std::size_t>(roll - kFirstRoll)];
         if (roll <= kLastDefenceRoll) {
@@ -55,7 +56,7 @@ void MakeIneffective(Pitcher& pitcher) {
         } else if (roll == kCatchAllRoll) {
             cell = {"X", kStoredYellowWord};
         } else {
-            cell = {"1+", kGreenWord};
+            cell = {roll >= kFirstSingle && roll <= kLastSingle ? "1+" : " ", kGreenWord};
         }
     }
 }

@@ -34,8 +34,8 @@ void ReduceRestAndInjuries(TeamRoster& roster);
 // The pitchers who could come into a game today: fit, free of rest, by roster index.
 std::vector<int> GetUnrestedPitchers(const TeamRoster& roster);
 
-// What is left of a resting man's stuff: outs on the defence's rolls 10 to 15, an X on 38, and every other ball a
-// single on which a runner scores from second.
+// What is left of a resting man's stuff: every fourth ball is a single on which a runner scores from second, and of the
+// rest none is an out of his own. He gives up some two runs an inning, but the inning ends: he may be the last man.
 void MakeIneffective(Pitcher& pitcher);
 
 // The chart above for every man who rests; call it once the rests are settled, before the charts are compiled. They may

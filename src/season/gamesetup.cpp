@@ -68,7 +68,7 @@ void LoadSurroundings(Database& common, Database& season, const ExhibitionOption
         throw UserError(
             "Home Team does not have a ballpark defined. Go to Organize Teams and choose ballpark for Home Team.");
     EraAverages baseline;
-    if (!LoadBallpark(common, parkID, options.images, messages, data.park, baseline))
+    if (!LoadBallpark(common, parkID, options.pictures.parks, messages, data.park, baseline))
         throw UserError(
             fmt::format("{}: there is no ballpark {}. Choose another park.", common.Path().string(), parkID));
     // The season's code of leagues, as the tables have it: in a bracket all teams count as one league.
@@ -128,7 +128,9 @@ GameSetup LoadExhibition(Database& common, Database& season, const std::string& 
     PerSide<std::int32_t> lastStarter;
     for (const Side side : kBothSides) {
         TeamRoster& roster = setup.data.team[side].roster;
-        roster = LoadTeamRoster(season, side == Side::Visitor ? visitorCode : homeCode, setup.data.rules);
+        PlayerLoad load;
+        load.playerImages = options.pictures.players;
+        roster = LoadTeamRoster(season, side == Side::Visitor ? visitorCode : homeCode, setup.data.rules, load);
         if (roster.batters.empty() || roster.pitchers.empty())
             throw UserError(fmt::format("{} has no players. Import or add them first.", roster.team.fullName));
         setup.knowledge[side] = LoadManagerKnowledge(season, roster, setup.data.rules);

@@ -19,12 +19,17 @@ struct GameSetup {
     std::vector<std::string> messages;  // what was replaced, passed over or couldn't be read
 };
 
+// The user's folders of pictures; an empty one has none.
+struct PictureFolders {
+    std::filesystem::path parks, players;
+};
+
 struct ExhibitionOptions {
     std::int32_t parkID = 0;  // 0: the home team's
     std::string date;         // yyyy-mm-dd; empty: a game outside the calendar, for which nobody needs rest
     // What a computer manages. A team's own marks (always computer, always human) go before these.
     PerSide<SideControl> control{{SideControl{true, true, true}, SideControl{true, true, true}}};
-    std::filesystem::path images;  // folder of the park's picture; may be empty
+    PictureFolders pictures;
 };
 
 // Loads two teams of a season with everything that a game between them is played on, and makes both line-ups. Throws

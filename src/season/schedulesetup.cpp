@@ -52,8 +52,8 @@ std::vector<ScheduledGame> UnplayedGames(Database& season, const std::string& th
     return games;
 }
 
-ScheduleSetup::ScheduleSetup(Database& common, Database& season, std::filesystem::path images)
-    : common_(common), season_(season), images_(std::move(images)) {
+ScheduleSetup::ScheduleSetup(Database& common, Database& season, PictureFolders pictures)
+    : common_(common), season_(season), pictures_(std::move(pictures)) {
     setup_.data.rules = LoadLeagueRules(season_);
     for (const Team& team : LoadTeamList(season_, setup_.data.rules)) LoadTeam(team);
     topBatters_.Read(season_, setup_.data.rules.TourneyMode);
@@ -89,6 +89,7 @@ void ScheduleSetup::LoadTeam(const Team& row) {
     scratch.rules = rules;
     PlayerLoad load;
     load.useTourneyStats = rules.TourneyMode;
+    load.playerImages = pictures_.players;
     scratch.team[Side::Home].roster = LoadTeamRoster(season_, row.teamID, rules, load);
     CompileGameData(scratch);
     team.data = std::move(scratch.team[Side::Home]);
@@ -118,7 +119,7 @@ void ScheduleSetup::Surround(SeasonTeam& home) {
     GameData& data = setup_.data;
     if (!home.home) {
         ExhibitionOptions options;
-        options.images = images_;
+        options.pictures = pictures_;
         LoadSurroundings(common_, season_, options, setup_);
         PerSide<TeamData> teams = std::move(data.team);
         data.team = {};

@@ -28,8 +28,8 @@ std::vector<ScheduledGame> UnplayedGames(Database& season, const std::string& th
 // so a run over a season loads each once and carries its statistics, rests and injuries on from game to game.
 class ScheduleSetup {
   public:
-    // Reads the rules and all teams. images is the folder of the parks' pictures; may be empty.
-    ScheduleSetup(Database& common, Database& season, std::filesystem::path images = {});
+    // Reads the rules and all teams.
+    ScheduleSetup(Database& common, Database& season, PictureFolders pictures = {});
 
     // Makes a game ready: the starters by rotation and rest, the nines, the charts. The two teams are lent to the
     // set-up until TakeBack. The lists that a computer manager needs are checked for the sides that have one. Throws
@@ -81,7 +81,7 @@ class ScheduleSetup {
 
     Database& common_;
     Database& season_;
-    std::filesystem::path images_;
+    PictureFolders pictures_;
     GameSetup setup_;
     std::map<std::int32_t, SeasonTeam> teams_;  // by TeamIdx
     PerSide<SeasonTeam*> playing_{{nullptr, nullptr}};

@@ -34,8 +34,8 @@ void CheckRun(const SeasonRun& run) {
         throw UserError(fmt::format("\"{}\" is no date: write yyyy-mm-dd.", run.through));
 }
 
-SeasonPlayer::SeasonPlayer(Database& common, Database& season, std::filesystem::path images)
-    : common_(common), season_(season), images_(std::move(images)) {}
+SeasonPlayer::SeasonPlayer(Database& common, Database& season, PictureFolders pictures)
+    : common_(common), season_(season), pictures_(std::move(pictures)) {}
 SeasonPlayer::~SeasonPlayer() = default;
 
 SeasonRunResult SeasonPlayer::Run(const SeasonRun& run, SeasonWatcher& watcher) {
@@ -65,7 +65,7 @@ SeasonRunResult SeasonPlayer::Run(const SeasonRun& run, SeasonWatcher& watcher) 
 
 bool SeasonPlayer::PlayOne(const ScheduledGame& game, std::uint64_t seed, SeasonWatcher& watcher) {
     if (!setup_) {
-        setup_ = std::make_unique<ScheduleSetup>(common_, season_, images_);
+        setup_ = std::make_unique<ScheduleSetup>(common_, season_, pictures_);
         poster_ = std::make_unique<GamePoster>(season_);
     }
     // Whatever fails leaves records in memory that the tables don't hold: the next game loads all anew.

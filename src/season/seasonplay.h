@@ -43,7 +43,7 @@ struct SeasonRunResult {
 // stopped, or killed, and taken up again gives the season that one run gives.
 class SeasonPlayer {
   public:
-    SeasonPlayer(Database& common, Database& season, std::filesystem::path images = {});
+    SeasonPlayer(Database& common, Database& season, PictureFolders pictures = {});
     ~SeasonPlayer();
 
     // Throws UserError for a game that can't be played; the games before it stand posted.
@@ -55,7 +55,7 @@ class SeasonPlayer {
 
     Database& common_;
     Database& season_;
-    std::filesystem::path images_;
+    PictureFolders pictures_;
     std::unique_ptr<ScheduleSetup> setup_;  // none before the first game and after a failure
     std::unique_ptr<GamePoster> poster_;
 };

@@ -30,8 +30,19 @@ class TightCells : public QStyledItemDelegate {
         cell.font.setResolveMask(QFont::AllPropertiesResolved);  // else the painter keeps the size of its own font
         painter->setFont(cell.font);
         painter->setPen(cell.palette.color(QPalette::Text));
-        const QRect room = cell.rect.adjusted(2, 0, -2, 0);
-        const QString text = QFontMetrics(cell.font).elidedText(cell.text, Qt::ElideRight, room.width());
+        QRect room = cell.rect.adjusted(2, 0, -2, 0);
+        QFontMetrics metrics(cell.font);
+        // A figure without its last digits is a wrong one: it takes the margins, and then smaller letters.
+        const bool figure = !cell.text.isEmpty() && cell.text.back().isDigit();
+        if (figure && metrics.horizontalAdvance(cell.text) > room.width()) {
+            room = cell.rect.adjusted(0, 0, -1, 0);
+            if (const int wide = metrics.horizontalAdvance(cell.text); wide > room.width()) {
+                cell.font.setPixelSize(std::max(6, QFontInfo(cell.font).pixelSize() * room.width() / wide));
+                painter->setFont(cell.font);
+                metrics = QFontMetrics(cell.font);
+            }
+        }
+        const QString text = metrics.elidedText(cell.text, Qt::ElideRight, room.width());
         painter->drawText(room, static_cast<int>(cell.displayAlignment), text);
         painter->restore();
     }

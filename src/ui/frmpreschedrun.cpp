@@ -47,7 +47,8 @@ void frmPreSchedGame::Run(long games) {
     run.games = games;
     const DataPaths& paths = session_.Paths();
     run_ = std::make_unique<QuickPlayRun>(
-        QuickPlayFiles{paths.CommonFile(), session_.Seasons().Season().Path(), paths.BallparkImages(),
+        QuickPlayFiles{paths.CommonFile(), session_.Seasons().Season().Path(),
+                       PictureFolders{paths.BallparkImages(), paths.PlayerImages()},
                        paths.GameResults(session_.Seasons().ActiveSeason()),
                        KeepChoicesOf(session_.Settings(), session_.Screens()).files},
         run);

@@ -74,7 +74,7 @@ void QuickPlayRun::Run() {
     try {
         Database common(files_.common);
         Database season(files_.season);
-        SeasonPlayer player(common, season, files_.images);
+        SeasonPlayer player(common, season, files_.pictures);
         Watcher watcher(*this, season);
         player.Run(run_, watcher);
     } catch (const std::exception& error) {

@@ -36,7 +36,8 @@ struct PostedGame {
 };
 
 struct QuickPlayFiles {
-    std::filesystem::path common, season, images;
+    std::filesystem::path common, season;
+    PictureFolders pictures;
     std::filesystem::path results;  // the games' documents, as chosen
     GameFilesChoice documents;
 };

@@ -33,7 +33,7 @@ ManagerFault CheckScheduledGame(Session& session, const ScheduledGame& game, con
 
 GamePtr PrepareScheduledGame(Session& session, const ScheduledGame& game, const PerSide<SideControl>& control) {
     Database& season = session.Seasons().Season();
-    ScheduleSetup teams(session.Common(), season, session.Paths().BallparkImages());
+    ScheduleSetup teams(session.Common(), season, {session.Paths().BallparkImages(), session.Paths().PlayerImages()});
     auto prepared = std::make_shared<PreparedGame>();
     static_cast<GameSetup&>(*prepared) = teams.SetUp(game, control);
     prepared->scheduled = game;

@@ -44,7 +44,7 @@ GamePtr StoredSeasons::Exhibition(const ExhibitionGame& game) {
     ExhibitionOptions options;
     options.parkID = game.parkID;
     options.control = game.control;
-    options.images = session_.Paths().BallparkImages();
+    options.pictures = {session_.Paths().BallparkImages(), session_.Paths().PlayerImages()};
     Database& season = session_.Seasons().Season();
     auto prepared = std::make_shared<PreparedGame>();
     static_cast<GameSetup&>(*prepared) =

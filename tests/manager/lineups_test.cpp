@@ -268,11 +268,14 @@ TEST(Rest, RestingManPitchesTheIneffectiveChart) {
     roster.pitchers[2].PitcherRestDays = 1;
     MakeRestingIneffective(roster);
     const ChartCells& cells = roster.pitchers[2].pitch;
+    int singles = 0;
     for (int roll = 10; roll <= 39; ++roll) {
         const ChartCell& cell = cells[static_cast<std::size_t>(roll - 10)];
-        EXPECT_EQ(cell.text, roll <= 15 ? "D" : roll == 38 ? "X" : "1+");
+        singles += cell.text == "1+" ? kCellWeight[static_cast<std::size_t>(roll - 10)] : 0;
+        EXPECT_TRUE(cell.text == "1+" || cell.text == (roll <= 15 ? "D" : roll == 38 ? "X" : " ")) << roll;
         EXPECT_EQ(cell.color, roll == 38 ? kStoredYellowWord : kGreenWord);
     }
+    EXPECT_NEAR(singles / 216.0, 0.25, 0.02);
     EXPECT_EQ(roster.pitchers[1].pitch, ChartCells{});
 }
 

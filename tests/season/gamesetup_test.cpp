@@ -7,8 +7,10 @@
 #include "base/error.h"
 #include "data/lineups.h"
 #include "data/teams.h"
+#include "manager/rest.h"
 #include "manager/roster.h"
 #include "sample/sampleleague.h"
+#include "season/managedgame.h"
 #include "season/managerchecks.h"
 #include "season/realstats.h"
 #include "season/resttables.h"
@@ -126,7 +128,7 @@ TEST_F(SampleSeason, RestCountsOnlyWithADate) {
     options.date = "1975-04-14";
     const GameSetup setup = LoadExhibition(common(), season(), teams[0], teams[1], options);
     const int index = PitcherIndexOf(setup.data[Side::Visitor].roster, ace);
-    EXPECT_EQ(setup.data[Side::Visitor].roster.pitchers[static_cast<std::size_t>(index)].pitch[20].text, "1+");
+    EXPECT_EQ(setup.data[Side::Visitor].roster.pitchers[static_cast<std::size_t>(index)].pitch[12].text, "1+");
     options.date = "14 April";
     EXPECT_THROW(LoadExhibition(common(), season(), teams[0], teams[1], options), UserError);
 }
@@ -260,6 +262,29 @@ TEST_F(ManagerChecks, MarksAndDepth) {
     EXPECT_THAT(CheckComputerDepth(roster, Side::Visitor).text,
                 HasSubstr("Computer Manager requires at least one player for each Depth Chart position."));
     EXPECT_EQ(CheckComputerDepth(roster, Side::Visitor).title, "Computer Manager Substitution");
+}
+
+// When nobody else is left, tired arms finish the game: it is bad, but it ends like a game.
+TEST_F(SampleSeason, AGameBetweenStaffsThatShouldRestEndsAllTheSame) {
+    GameSetup setup = LoadExhibition(common(), season(), teams[0], teams[1]);
+    const auto runs = [&] {
+        double sum = 0;
+        for (std::uint64_t seed = 1; seed <= 40; ++seed) {
+            GameState state;
+            StartSetup(setup, state);
+            PlayByComputers(setup, seed, state);
+            EXPECT_TRUE(state.GameOverFlag);
+            const int most = std::max(state[Side::Visitor].Runs, state[Side::Home].Runs);
+            EXPECT_LT(most, 70) << "seed " << seed;
+            sum += state[Side::Visitor].Runs + state[Side::Home].Runs;
+        }
+        return sum / 80;
+    };
+    const double rested = runs();
+    for (const Side side : kBothSides)
+        for (Pitcher& pitcher : setup.data.team[side].roster.pitchers) MakeIneffective(pitcher);
+    CompileGameData(setup.data);
+    EXPECT_GT(runs(), 2 * rested);
 }
 
 }  // namespace

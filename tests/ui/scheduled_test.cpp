@@ -193,7 +193,7 @@ TEST_F(Scheduled, QuickPlayOfARangeIsTheRunWithoutScreens) {
 
     testing::SeasonFolder other;
     const auto headless = other.Start();
-    SeasonPlayer player(headless->Common(), headless->Seasons().Season(), headless->Paths().BallparkImages());
+    SeasonPlayer player(headless->Common(), headless->Seasons().Season(), PictureFolders{headless->Paths().BallparkImages(), {}});
     SeasonWatcher nobody;
     player.Run({7, 37, {}}, nobody);
     EXPECT_EQ(HashSeason(Season()), HashSeason(headless->Seasons().Season()));
